@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/store/ManagedObject.h"
+
+#include <QtCore/QDateTime>
+
+#include <optional>
+
+namespace quillet {
+
+class Folder;
+class Segment;
+class Tag;
+
+// One stored piece of code with its metadata. Main thread.
+class Snippet : public platform::ManagedObject {
+public:
+    enum Attribute : qsizetype { Id, Name, LastUpdate, Title, Notes, Code, Language };
+
+    enum Relationship : qsizetype { InFolder, Tags, Segments };
+
+    // Detached, with nothing set.
+    Snippet();
+
+    // In the view context of the shared stack; not saved.
+    static std::shared_ptr<Snippet> create(const QString& title, const std::optional<QString>& notes,
+                                           const QString& code, const QString& language);
+
+    QString title() const { return value(Title).toString(); }
+
+    void setTitle(const QString& title) { setValue(Title, title); }
+
+    QString notes() const { return value(Notes).toString(); }
+
+    void setNotes(const std::optional<QString>& notes) {
+        setValue(Notes, notes ? QVariant(*notes) : QVariant());
+    }
+
+    QString code() const { return value(Code).toString(); }
+
+    void setCode(const QString& code) { setValue(Code, code); }
+
+    // The highlighter's name of the language; absent on some old snippets.
+    std::optional<QString> language() const {
+        return value(Language).isNull() ? std::nullopt : std::optional(value(Language).toString());
+    }
+
+    void setLanguage(const QString& language) { setValue(Language, language); }
+
+    // Absent but on snippets of the older cloud layout.
+    std::optional<QDateTime> lastUpdate() const {
+        return value(LastUpdate).isNull() ? std::nullopt : std::optional(value(LastUpdate).toDateTime());
+    }
+
+    Folder* folder() const;
+};
+
+} // namespace quillet

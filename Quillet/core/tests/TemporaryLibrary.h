@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Quillet/core/CoreDataStack.h"
+#include "platform/foundation/Log.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace quillet {
+
+// Points the shared instances of this process at a fresh data directory. Every test is a process of its own.
+class TemporaryLibrary : public ::testing::Test {
+protected:
+    TemporaryLibrary() { qputenv("XDG_DATA_HOME", root.path().toUtf8()); }
+
+    // Runs what is queued for the main loop.
+    static void turn() { QCoreApplication::processEvents(); }
+
+    static platform::ManagedObjectContext& context() { return CoreDataStack::shared().viewContext(); }
+
+    template <typename T>
+    static std::size_t count(platform::ManagedObjectContext& in = context()) {
+        return in.fetch({T().entity().name, {}, {}, {}}).size();
+    }
+
+    QTemporaryDir root;
+    QString storePath = root.filePath(QStringLiteral("Quillet/Quillet.sqlite"));
+};
+
+} // namespace quillet

@@ -1,0 +1,45 @@
+# How every folder declares its library, its tests and its benchmarks.
+
+set(node_modules ${PROJECT_SOURCE_DIR}/node_modules)
+
+# Warnings and sanitizers for our own code only; linked PRIVATE.
+add_library(quillet_warnings INTERFACE)
+target_compile_options(quillet_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
+  -Woverloaded-virtual -Werror)
+target_compile_definitions(quillet_warnings INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+  QT_NO_KEYWORDS QT_NO_JAVA_STYLE_ITERATORS)
+if(QUILLET_SANITIZERS)
+  add_compile_options(-fsanitize=${QUILLET_SANITIZERS} -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${QUILLET_SANITIZERS})
+endif()
+
+# quillet_library(name SOURCES ... LINK ...): the static library of one folder.
+function(quillet_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE quillet_warnings)
+endfunction()
+
+# quillet_tests(suite SOURCES ... LINK ...): the tests of one folder, run by `./test suite`.
+# Each test is its own process: a crash is one failure, and shared instances start fresh.
+function(quillet_tests suite)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${suite}_tests ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/cmake/TestMain.cpp)
+  set_target_properties(${suite}_tests PROPERTIES AUTOMOC ON)
+  target_link_libraries(${suite}_tests PRIVATE ${ARG_LINK} Qt6::Widgets Qt6::Test GTest::gtest GTest::gmock
+    quillet_warnings)
+  include(GoogleTest)
+  gtest_discover_tests(${suite}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${suite}." PROPERTIES
+    LABELS ${suite} TIMEOUT 300)
+endfunction()
+
+# quillet_bench(name SOURCES ... LINK ...): benchmarks, run by `./bench name`; not part of `all`.
+function(quillet_bench name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name}_bench EXCLUDE_FROM_ALL ${ARG_SOURCES})
+  target_link_libraries(${name}_bench PRIVATE ${ARG_LINK} benchmark::benchmark quillet_warnings)
+  set_property(GLOBAL APPEND PROPERTY QUILLET_BENCHES ${name}_bench)
+endfunction()

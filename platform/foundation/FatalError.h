@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string_view>
+
+namespace platform {
+
+// Stops the program for a broken invariant. Prints `message` to standard error and aborts, so that a core
+// dump and a debugger see the place. For faults of the program only; whatever data can cause is a value.
+[[noreturn]] void fatalError(std::string_view message);
+
+} // namespace platform

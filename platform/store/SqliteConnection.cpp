@@ -1,0 +1,129 @@
+#include "platform/store/SqliteConnection.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QUuid>
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlError>
+
+namespace platform {
+
+namespace {
+
+// How long a statement waits for another process's lock. The main thread waits with it, so it is short.
+constexpr int busyTimeoutMilliseconds = 1000;
+
+// SQLite's primary result codes, from its documentation.
+StoreError::Kind kindOfCode(int code) {
+    switch (code & 0xFF) {
+    case 5:
+    case 6:
+        return StoreError::Kind::Busy;
+    case 8:
+        return StoreError::Kind::ReadOnly;
+    case 10:
+        return StoreError::Kind::InputOutput;
+    case 11:
+        return StoreError::Kind::Corrupt;
+    case 13:
+        return StoreError::Kind::Full;
+    case 14:
+        return StoreError::Kind::CannotOpen;
+    case 19:
+        return StoreError::Kind::Constraint;
+    case 26:
+        return StoreError::Kind::NotADatabase;
+    default:
+        return StoreError::Kind::Other;
+    }
+}
+
+std::unexpected<StoreError> failure(const QSqlError& error) {
+    return std::unexpected(StoreError{kindOfCode(error.nativeErrorCode().toInt()), error.text()});
+}
+
+} // namespace
+
+SqliteConnection::SqliteConnection(QString name)
+    : m_name(std::move(name)) {}
+
+SqliteConnection::~SqliteConnection() {
+    m_prepared.clear(); // Qt wants its queries gone before their connection
+    QSqlDatabase::removeDatabase(m_name);
+}
+
+StoreResult<std::unique_ptr<SqliteConnection>> SqliteConnection::open(const QString& path, Access access) {
+    if (access == Access::ReadOnly && !QFileInfo(path).isFile())
+        return std::unexpected(StoreError{StoreError::Kind::CannotOpen, QStringLiteral("no such file")});
+    std::unique_ptr<SqliteConnection> connection(
+        new SqliteConnection(QUuid::createUuid().toString(QUuid::WithoutBraces)));
+    auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection->m_name);
+    QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(busyTimeoutMilliseconds);
+    if (access == Access::ReadOnly) options += QStringLiteral(";QSQLITE_OPEN_READONLY");
+    database.setConnectOptions(options);
+    database.setDatabaseName(path);
+    if (!database.open()) return failure(database.lastError());
+    return connection;
+}
+
+StoreResult<void> SqliteConnection::run(const QString& sql, const QVariantList& values) {
+    auto& prepared = m_prepared[sql];
+    if (!prepared) {
+        auto fresh = std::make_shared<QSqlQuery>(QSqlDatabase::database(m_name));
+        if (!fresh->prepare(sql)) {
+            m_prepared.remove(sql);
+            return failure(fresh->lastError());
+        }
+        prepared = std::move(fresh);
+    }
+    for (qsizetype i = 0; i < values.size(); ++i)
+        prepared->bindValue(static_cast<int>(i), values[i]);
+    const bool worked = prepared->exec();
+    const QSqlError error = prepared->lastError();
+    prepared->finish();
+    if (!worked) return failure(error);
+    return {};
+}
+
+StoreResult<void> SqliteConnection::query(const QString& sql,
+                                          const std::function<void(const QSqlQuery&)>& each) {
+    QSqlQuery query(QSqlDatabase::database(m_name));
+    query.setForwardOnly(true);
+    if (!query.exec(sql)) return failure(query.lastError());
+    while (query.next())
+        each(query);
+    if (query.lastError().isValid()) return failure(query.lastError());
+    return {};
+}
+
+StoreResult<QVariant> SqliteConnection::scalar(const QString& sql) {
+    std::optional<QVariant> first;
+    STORE_TRY(query(sql, [&first](const QSqlQuery& row) {
+        if (!first) first = row.value(0);
+    }));
+    return first.value_or(QVariant());
+}
+
+StoreResult<void> SqliteConnection::setPragma(const QString& name, const QVariant& value) {
+    const QString read = QStringLiteral("PRAGMA %1").arg(name);
+    auto set = scalar(QStringLiteral("%1 = %2").arg(read, value.toString()));
+    if (!set) return std::unexpected(set.error());
+    auto held = scalar(read);
+    if (!held) return std::unexpected(held.error());
+    if (held->toString().compare(value.toString(), Qt::CaseInsensitive) != 0)
+        return std::unexpected(
+            StoreError{StoreError::Kind::Other, QStringLiteral("%1 stayed %2").arg(read, held->toString())});
+    return {};
+}
+
+StoreResult<void> SqliteConnection::transaction(const std::function<StoreResult<void>()>& body) {
+    STORE_TRY(run(QStringLiteral("BEGIN IMMEDIATE")));
+    auto result = body();
+    if (result) result = run(QStringLiteral("COMMIT"));
+    if (!result) {
+        // SQLite has already rolled back after some errors; then this fails and there is nothing to undo.
+        (void)run(QStringLiteral("ROLLBACK"));
+    }
+    return result;
+}
+
+} // namespace platform

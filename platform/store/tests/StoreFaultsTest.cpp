@@ -1,0 +1,143 @@
+#include "platform/store/tests/ShelfModel.h"
+
+#include <QtCore/QFile>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace platform;
+using shelf::Library;
+
+namespace {
+
+QByteArray bytesOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeBytes(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+class StoreFaults : public ::testing::Test {
+protected:
+    QTemporaryDir directory;
+    QString path = directory.filePath(QStringLiteral("Shelf.sqlite"));
+
+    void makeStore() {
+        Library library(path);
+        library.make("Book", QStringLiteral("kept"));
+        ASSERT_TRUE(library.context.save());
+    }
+
+    std::unique_ptr<SqliteConnection> otherConnection() {
+        return SqliteConnection::open(path, SqliteConnection::Access::ReadWrite).value();
+    }
+};
+
+TEST_F(StoreFaults, AFileThatIsNoDatabaseIsRefusedAndLeftAlone) {
+    const QByteArray text = QByteArray("these are somebody's notes, not a database\n").repeated(100);
+    writeBytes(path, text);
+    EXPECT_FALSE(SqliteStore::metadata(path));
+    const Library library(path);
+    ASSERT_TRUE(library.error);
+    EXPECT_EQ(library.error->kind, StoreError::Kind::NotADatabase);
+    EXPECT_EQ(bytesOf(path), text);
+}
+
+TEST_F(StoreFaults, AnotherProgramsDatabaseIsRefusedAndLeftAlone) {
+    ASSERT_TRUE(otherConnection()->run(QStringLiteral("CREATE TABLE theirs (x)")));
+    const QByteArray before = bytesOf(path);
+    const Library library(path);
+    ASSERT_TRUE(library.error);
+    EXPECT_EQ(library.error->kind, StoreError::Kind::NotADatabase);
+    EXPECT_EQ(bytesOf(path), before);
+}
+
+TEST_F(StoreFaults, AStoreOfANewerProgramOrOfAnotherModelIsRefusedAndLeftAlone) {
+    makeStore();
+    QByteArray before = bytesOf(path);
+    EXPECT_EQ(Library(path, shelf::makeModel(QStringLiteral("isbn"))).error->kind,
+              StoreError::Kind::Incompatible);
+    EXPECT_EQ(bytesOf(path), before);
+    ASSERT_TRUE(otherConnection()->run(QStringLiteral("PRAGMA user_version = 99")));
+    before = bytesOf(path);
+    EXPECT_EQ(SqliteStore::metadata(path).error().kind, StoreError::Kind::TooNew);
+    EXPECT_EQ(Library(path).error->kind, StoreError::Kind::TooNew);
+    EXPECT_EQ(bytesOf(path), before);
+}
+
+TEST_F(StoreFaults, AFolderThatCannotBeMadeIsAnError) {
+    const QString file = directory.filePath(QStringLiteral("file"));
+    writeBytes(file, "x");
+    const Library library(file + QStringLiteral("/folder/Shelf.sqlite"));
+    ASSERT_TRUE(library.error);
+    EXPECT_EQ(library.error->kind, StoreError::Kind::CannotOpen);
+}
+
+TEST_F(StoreFaults, AnotherWritersLockFailsTheSaveAndTheNextSaveCarriesTheChange) {
+    makeStore();
+    Library library(path);
+    library.all("Book").at(0)->setValue(shelf::Pages, 7);
+    auto other = otherConnection();
+    ASSERT_TRUE(other->run(QStringLiteral("BEGIN IMMEDIATE")));
+    const auto blocked = library.context.save();
+    ASSERT_FALSE(blocked);
+    EXPECT_EQ(blocked.error().kind, StoreError::Kind::Busy);
+    EXPECT_TRUE(library.context.hasChanges());
+    ASSERT_TRUE(other->run(QStringLiteral("ROLLBACK")));
+    ASSERT_TRUE(library.context.save());
+    EXPECT_EQ(Library(path).all("Book").at(0)->value(shelf::Pages).toInt(), 7);
+}
+
+TEST_F(StoreFaults, AFullDiskRollsTheSaveBackAndKeepsItPending) {
+    makeStore();
+    Library library(path);
+    auto big = library.make("Book", QString(200'000, u'x'));
+    library.all("Book").at(0)->setValue(shelf::Pages, 9);
+
+    // A limit on the size of files fails writes just as a full disk does.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit tight{static_cast<rlim_t>(bytesOf(path).size()) + 20'000, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
+    const auto failed = library.context.save();
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+
+    ASSERT_FALSE(failed);
+    EXPECT_TRUE(failed.error().kind == StoreError::Kind::Full ||
+                failed.error().kind == StoreError::Kind::InputOutput)
+        << failed.error().message.toStdString();
+    EXPECT_EQ(Library(path).all("Book").size(), 1U);
+    ASSERT_TRUE(library.context.save());
+    EXPECT_EQ(Library(path).all("Book").size(), 2U);
+}
+
+TEST_F(StoreFaults, ATruncatedStoreIsAnErrorOrStillWhole) {
+    makeStore();
+    const QByteArray whole = bytesOf(path);
+    for (qsizetype size = 16; size < whole.size(); size += 1500) {
+        writeBytes(path, whole.left(size));
+        Library library(path);
+        // SQLite pads a cut last page; all that matters is that no object goes missing unsaid.
+        if (library.error) continue;
+        EXPECT_GT(size, whole.size() - 4096);
+        EXPECT_EQ(library.all("Book").size(), 1U) << size;
+    }
+}
+
+TEST_F(StoreFaults, AMissingRequiredValueFailsTheSaveWithoutWriting) {
+    Library library(path);
+    library.make("Book");
+    const auto saved = library.context.save();
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.error().kind, StoreError::Kind::Constraint);
+    library.all("Book").at(0)->setValue(shelf::Title, QStringLiteral("now"));
+    EXPECT_TRUE(library.context.save());
+}
+
+} // namespace
