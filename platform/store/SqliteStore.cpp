@@ -40,6 +40,7 @@ QVariant toColumn(AttributeType type, const QVariant& value) {
     switch (type) {
     case AttributeType::String: {
         const QString text = value.toString();
+        if (text.isEmpty()) return QStringLiteral(""); // Qt would bind a null string as NULL
         return isPlainText(text) ? QVariant(text) : QVariant(toGeneralizedUtf8(text));
     }
     case AttributeType::Boolean:
@@ -48,8 +49,11 @@ QVariant toColumn(AttributeType type, const QVariant& value) {
         return value.toDateTime().toMSecsSinceEpoch();
     case AttributeType::Uuid:
         return value.toUuid().toRfc4122();
+    case AttributeType::Binary: {
+        const QByteArray bytes = value.toByteArray();
+        return bytes.isEmpty() ? QByteArray("") : bytes; // as with strings
+    }
     case AttributeType::Integer16:
-    case AttributeType::Binary:
         return value;
     }
     return {};

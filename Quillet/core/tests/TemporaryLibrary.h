@@ -15,7 +15,10 @@ protected:
     TemporaryLibrary() { qputenv("XDG_DATA_HOME", root.path().toUtf8()); }
 
     // Runs what is queued for the main loop.
-    static void turn() { QCoreApplication::processEvents(); }
+    static void turn() {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     static platform::ManagedObjectContext& context() { return CoreDataStack::shared().viewContext(); }
 

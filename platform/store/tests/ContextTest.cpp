@@ -48,7 +48,7 @@ TEST_F(ContextTest, EveryTypeOfValueComesBackAfterAReopen) {
 TEST_F(ContextTest, HostileTextsComeBackUnitForUnit) {
     const QString texts[] = {QString::fromUtf8("\0a\0", 3), QStringLiteral("a\r\nb\rc\nd") + QChar(u'\u2028'),
                              QString(QChar(char16_t{0xDC00})) + QChar(char16_t{0xD800}) + u'x',
-                             QStringLiteral("")};
+                             QStringLiteral(""), QString()};
     for (const QString& text : texts) {
         QFile::remove(path);
         {

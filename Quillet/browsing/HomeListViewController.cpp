@@ -1,0 +1,60 @@
+#include "Quillet/browsing/HomeListViewController.h"
+
+#include "platform/screens/Symbol.h"
+
+#include <QtGui/QShortcut>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace quillet {
+
+HomeListViewController::HomeListViewController(QWidget* parent)
+    : QWidget(parent)
+    , m_snippetList(new SnippetList(m_model, this)) {
+    auto* title = new QLabel(QStringLiteral("Quillet"), this);
+    QFont font = title->font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    font.setBold(true);
+    title->setFont(font);
+
+    auto* add = new QToolButton(this);
+    add->setIcon(platform::symbolIcon(QStringLiteral("plus"), platform::Asset::Accent));
+    add->setIconSize({22, 22});
+    add->setMinimumSize(44, 44);
+    add->setAutoRaise(true);
+    add->setAccessibleName(QStringLiteral("Add"));
+    add->setToolTip(QStringLiteral("New snippet (Ctrl+N)"));
+    const auto runAdd = [this] {
+        if (onAdd) onAdd();
+    };
+    connect(add, &QToolButton::clicked, this, runAdd);
+    connect(new QShortcut(QKeySequence::New, this), &QShortcut::activated, this, runAdd);
+
+    auto* bar = new QHBoxLayout;
+    bar->setContentsMargins(16, 12, 10, 4);
+    bar->addWidget(title);
+    bar->addStretch();
+    bar->addWidget(add);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(bar);
+    column->addWidget(m_snippetList);
+
+    // The list lies on the background, not on a field of its own.
+    QPalette palette = m_snippetList->palette();
+    palette.setBrush(QPalette::Base, Qt::NoBrush);
+    m_snippetList->setPalette(palette);
+
+    m_snippetList->onSelectSnippet = [this](const auto& snippet) {
+        if (delegate) delegate->didSelect(snippet);
+    };
+    m_snippetList->onDeleteSnippet = [this](const auto& snippet) {
+        if (delegate) delegate->didDelete(snippet);
+    };
+}
+
+} // namespace quillet

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Quillet/browsing/SnippetList.h"
+#include "Quillet/core/NavigationDelegates.h"
+
+#include <QtWidgets/QWidget>
+
+namespace quillet {
+
+// The primary column: its title, the add button and the list. Main thread.
+class HomeListViewController : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit HomeListViewController(QWidget* parent = nullptr);
+
+    SnippetSelectionDelegate* delegate = nullptr; // not owned
+    std::function<void()> onAdd;
+
+    void select(const std::shared_ptr<Snippet>& snippet) { m_snippetList->select(snippet); }
+
+private:
+    SnippetListModel m_model;
+    SnippetList* m_snippetList;
+};
+
+} // namespace quillet

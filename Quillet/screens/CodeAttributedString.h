@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/foundation/AttributedString.h"
+#include "platform/highlightr/Highlightr.h"
+#include "platform/screens/TextView.h"
+
+#include <QtCore/QTimer>
+
+#include <memory>
+#include <optional>
+
+namespace quillet {
+
+// Keeps the text of a text view coloured: after a change of the text, the language or the theme it highlights
+// off the main thread and colours what is still the same text. One highlight at a time; a change meanwhile
+// starts the next when it ends. Main thread.
+class CodeAttributedString : public QObject {
+    Q_OBJECT
+
+public:
+    // `view` outlives this.
+    explicit CodeAttributedString(platform::TextView& view);
+
+    platform::Highlightr& highlightr() { return *m_highlightr; }
+
+    // None means that the highlighter is to find out.
+    void setLanguage(const std::optional<QString>& language);
+    // Takes on the font and colours of the highlighter's theme, and colours anew.
+    void themeChanged();
+
+    bool isHighlighting() const { return m_isRunning || m_delay.isActive(); }
+
+Q_SIGNALS:
+    void highlightingChanged();
+
+private:
+    void start();
+    void finish(const QString& language, const platform::AttributedString& result);
+
+    platform::TextView* m_view;
+    std::shared_ptr<platform::Highlightr> m_highlightr; // shared with a highlight that is under way
+    std::optional<QString> m_language;
+    QTimer m_delay; // lets a burst of keystrokes be one highlight
+    bool m_isRunning = false;
+};
+
+} // namespace quillet

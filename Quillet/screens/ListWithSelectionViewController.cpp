@@ -1,0 +1,114 @@
+#include "Quillet/screens/ListWithSelectionViewController.h"
+
+#include "Quillet/screens/OptionDelegate.h"
+#include "Quillet/screens/SheetBar.h"
+#include "platform/screens/Palette.h"
+#include "platform/screens/Symbol.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace quillet {
+
+namespace {
+
+constexpr int debounceMilliseconds = 100;
+
+} // namespace
+
+ListWithSelectionViewController::ListWithSelectionViewController(const QString& title,
+                                                                 const QStringList& options,
+                                                                 const std::optional<QString>& selectedOption,
+                                                                 QWidget* parent)
+    : QWidget(parent)
+    , m_options(options)
+    , m_searchBar(new QLineEdit(this))
+    , m_list(new QListView(this)) {
+    auto* bar = new SheetBar(title, this);
+    connect(bar->addCancelButton(QStringLiteral("Close")), &QPushButton::clicked, this, [this] {
+        if (onClose) onClose();
+    });
+
+    m_searchBar->setPlaceholderText(QStringLiteral("Search"));
+    m_searchBar->setAccessibleName(QStringLiteral("Search"));
+    m_searchBar->setClearButtonEnabled(true);
+    m_searchBar->addAction(platform::symbolIcon(QStringLiteral("search"), platform::Asset::TextSecondary),
+                           QLineEdit::LeadingPosition);
+    m_searchBar->installEventFilter(this);
+    setFocusProxy(m_searchBar);
+
+    m_filtered.setSourceModel(&m_options);
+    m_list->setModel(&m_filtered);
+    m_list->setItemDelegate(new OptionDelegate(selectedOption.value_or(QString()), m_list));
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setMouseTracking(true);
+    m_list->setUniformItemSizes(true);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_list->setAccessibleName(title);
+    m_list->setStyleSheet(QStringLiteral("QListView { background: %1; border-radius: 10px; padding: 4px 0; }")
+                              .arg(platform::color(platform::Asset::Card).name()));
+    connect(m_list, &QListView::clicked, this, &ListWithSelectionViewController::choose);
+    if (selectedOption) {
+        const auto at = m_filtered.index(static_cast<int>(options.indexOf(*selectedOption)), 0);
+        m_list->setCurrentIndex(at);
+        QTimer::singleShot(0, m_list, [this, at = QPersistentModelIndex(at)] { m_list->scrollTo(at); });
+    }
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 10, 16, 16);
+    column->setSpacing(10);
+    column->addWidget(bar);
+    column->addWidget(m_searchBar);
+    column->addWidget(m_list);
+
+    m_debounce.setSingleShot(true);
+    m_debounce.setInterval(debounceMilliseconds);
+    connect(m_searchBar, &QLineEdit::textChanged, &m_debounce, qOverload<>(&QTimer::start));
+    connect(&m_debounce, &QTimer::timeout, this, &ListWithSelectionViewController::applyFilter);
+}
+
+void ListWithSelectionViewController::focusInEvent(QFocusEvent* /*event*/) {
+    m_searchBar->setFocus();
+}
+
+// Only the query is lowercased, so an option with a capital is found by its lower-case start alone.
+void ListWithSelectionViewController::applyFilter() {
+    const QString query = QRegularExpression::escape(m_searchBar->text().toLower());
+    m_filtered.setFilterRegularExpression(QRegularExpression(QStringLiteral("^") + query));
+    if (!m_list->currentIndex().isValid()) m_list->setCurrentIndex(m_filtered.index(0, 0));
+}
+
+void ListWithSelectionViewController::choose(const QModelIndex& index) {
+    if (index.isValid() && onSelect) onSelect(index.data().toString());
+}
+
+// The arrows and Return work on the list while the search bar keeps the focus.
+bool ListWithSelectionViewController::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_searchBar || event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    const int row = m_list->currentIndex().row();
+    switch (key.key()) {
+    case Qt::Key_Down:
+        m_list->setCurrentIndex(m_filtered.index(std::min(row + 1, m_filtered.rowCount() - 1), 0));
+        return true;
+    case Qt::Key_Up:
+        m_list->setCurrentIndex(m_filtered.index(std::max(row - 1, 0), 0));
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        m_debounce.stop();
+        applyFilter();
+        choose(m_list->currentIndex());
+        return true;
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
+}
+
+} // namespace quillet

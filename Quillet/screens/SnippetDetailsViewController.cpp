@@ -1,0 +1,156 @@
+#include "Quillet/screens/SnippetDetailsViewController.h"
+
+#include "Quillet/core/SnippetService.h"
+#include "Quillet/core/UserSettings.h"
+#include "Quillet/screens/AlertMaker.h"
+#include "Quillet/screens/Languages.h"
+#include "Quillet/screens/ListWithSelectionViewController.h"
+#include "Quillet/screens/SheetBar.h"
+#include "platform/screens/Palette.h"
+#include "platform/screens/Sheet.h"
+#include "platform/screens/Symbol.h"
+
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QFormLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace quillet {
+
+namespace {
+
+constexpr QSize listSheetSize(420, 560);
+
+// A field counts as empty also with the one blank that an empty label holds.
+bool isEmpty(const QString& text) {
+    return text.isEmpty() || text == QStringLiteral(" ");
+}
+
+QLabel* caption(const QString& text, QWidget* buddy) {
+    auto* label = new QLabel(text, buddy->parentWidget());
+    label->setBuddy(buddy);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    return label;
+}
+
+} // namespace
+
+SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snippet> snippet, QWidget* parent)
+    : QWidget(parent)
+    , m_snippet(std::move(snippet))
+    , m_nameField(new QLineEdit(this))
+    , m_languageRow(new QPushButton(this))
+    , m_notesField(new QPlainTextEdit(this))
+    , m_copySwitch(new QCheckBox(QStringLiteral("Import code from the clipboard"), this)) {
+    auto* bar =
+        new SheetBar(m_snippet ? QStringLiteral("Edit Snippet") : QStringLiteral("New Snippet"), this);
+    connect(bar->addCancelButton(QStringLiteral("Cancel")), &QPushButton::clicked, this, [this] {
+        if (onClose) onClose();
+    });
+    auto* saveButton = bar->addConfirmButton(QStringLiteral("Save"));
+    connect(saveButton, &QPushButton::clicked, this, &SnippetDetailsViewController::save);
+
+    m_nameField->setPlaceholderText(QStringLiteral("Name"));
+    m_nameField->setAccessibleName(QStringLiteral("Name"));
+    connect(m_nameField, &QLineEdit::returnPressed, this, &SnippetDetailsViewController::save);
+    setFocusProxy(m_nameField);
+    m_notesField->setPlaceholderText(QStringLiteral("Notes"));
+    m_notesField->setAccessibleName(QStringLiteral("Notes"));
+    m_notesField->setTabChangesFocus(true);
+    m_languageRow->setLayoutDirection(Qt::RightToLeft); // the chevron stands behind the text
+    m_languageRow->setIcon(
+        platform::symbolIcon(QStringLiteral("chevron.right"), platform::Asset::TextSecondary));
+    m_languageRow->setIconSize({12, 12});
+    connect(m_languageRow, &QPushButton::clicked, this, &SnippetDetailsViewController::pickLanguage);
+
+    const QString field =
+        QStringLiteral("QLineEdit, QPlainTextEdit, QPushButton#row { background: %1; color: %2; border: 1px "
+                       "solid %3; border-radius: 10px; padding: 8px 12px; text-align: right; }"
+                       "QLineEdit:focus, QPlainTextEdit:focus, QPushButton#row:focus { border: 2px "
+                       "solid %4; padding: 7px 11px; }")
+            .arg(platform::color(platform::Asset::Card).name(), platform::color(platform::Asset::Text).name(),
+                 platform::color(platform::Asset::Separator).name(),
+                 platform::color(platform::Asset::Accent).name());
+    m_languageRow->setObjectName(QStringLiteral("row"));
+    setStyleSheet(field);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 10, 16, 16);
+    column->setSpacing(8);
+    column->addWidget(bar);
+    column->addSpacing(4);
+    const std::pair<QString, QWidget*> rows[] = {{QStringLiteral("&Name"), m_nameField},
+                                                 {QStringLiteral("&Language"), m_languageRow},
+                                                 {QStringLiteral("N&otes"), m_notesField}};
+    for (const auto& [text, widget] : rows) {
+        column->addWidget(caption(text, widget));
+        widget->setMinimumHeight(44);
+        column->addWidget(widget);
+    }
+    column->addSpacing(4);
+    m_copySwitch->setMinimumHeight(44);
+    column->addWidget(m_copySwitch);
+
+    if (m_snippet) {
+        m_nameField->setText(m_snippet->title());
+        m_notesField->setPlainText(m_snippet->notes());
+        showLanguage(m_snippet->language().value_or(QString()));
+    } else {
+        showLanguage(UserSettings::shared().lastLanguage().value_or(QString()));
+    }
+}
+
+void SnippetDetailsViewController::showLanguage(const QString& language) {
+    m_language = language;
+    m_languageRow->setText(isEmpty(language) ? QStringLiteral("Choose a language") : language);
+    m_languageRow->setAccessibleName(QStringLiteral("Language"));
+    m_languageRow->setAccessibleDescription(language);
+}
+
+void SnippetDetailsViewController::pickLanguage() {
+    auto* list = new ListWithSelectionViewController(QStringLiteral("Language"), languages(), m_language);
+    auto* sheet = platform::Sheet::present(list, this, listSheetSize);
+    list->onClose = [sheet] { sheet->dismiss(); };
+    list->onSelect = [this, sheet](const QString& language) {
+        showLanguage(language);
+        sheet->dismiss();
+    };
+}
+
+std::optional<QString> SnippetDetailsViewController::importedCode() const {
+    if (!m_copySwitch->isChecked()) return std::nullopt;
+    const QString text = QGuiApplication::clipboard()->text();
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
+void SnippetDetailsViewController::save() {
+    const QString title = m_nameField->text();
+    if (isEmpty(title) || isEmpty(m_language)) {
+        showAlert(this, QStringLiteral("You need a title and language selected to create a snippet."));
+        return;
+    }
+    const bool isNew = !m_snippet;
+    if (isNew) {
+        m_snippet = Snippet::create(title, m_notesField->toPlainText(), QStringLiteral(""), m_language);
+    } else {
+        m_snippet->setTitle(title);
+        m_snippet->setLanguage(m_language);
+        m_snippet->setNotes(m_notesField->toPlainText());
+    }
+    if (const auto code = importedCode()) m_snippet->setCode(*code);
+    SnippetService().save(m_snippet);
+    if (isNew) {
+        UserSettings::shared().setLastLanguage(m_language);
+        if (delegate) delegate->didCreate(m_snippet);
+    } else if (editDelegate) {
+        editDelegate->didEdit(m_snippet);
+    }
+    if (onClose) onClose();
+}
+
+} // namespace quillet

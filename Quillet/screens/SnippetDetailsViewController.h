@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Quillet/core/NavigationDelegates.h"
+#include "Quillet/core/Snippet.h"
+
+#include <QtWidgets/QWidget>
+
+#include <functional>
+#include <optional>
+
+class QCheckBox;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace quillet {
+
+// The form that names a snippet, new or existing. Main thread.
+class SnippetDetailsViewController : public QWidget {
+    Q_OBJECT
+
+public:
+    // Without a snippet the form makes a new one.
+    explicit SnippetDetailsViewController(std::shared_ptr<Snippet> snippet = nullptr,
+                                          QWidget* parent = nullptr);
+
+    SnippetCreationDelegate* delegate = nullptr; // not owned
+    SnippetEditDelegate* editDelegate = nullptr; // not owned
+    std::function<void()> onClose;
+
+private:
+    void pickLanguage();
+    void save();
+    void showLanguage(const QString& language);
+    std::optional<QString> importedCode() const;
+
+    std::shared_ptr<Snippet> m_snippet;
+    QLineEdit* m_nameField;
+    QPushButton* m_languageRow;
+    QPlainTextEdit* m_notesField;
+    QCheckBox* m_copySwitch;
+    QString m_language;
+};
+
+} // namespace quillet

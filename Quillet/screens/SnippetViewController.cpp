@@ -1,0 +1,233 @@
+#include "Quillet/screens/SnippetViewController.h"
+
+#include "Quillet/core/CoreDataStack.h"
+#include "Quillet/core/KeyStore.h"
+#include "Quillet/core/SnippetService.h"
+#include "Quillet/screens/Languages.h"
+#include "Quillet/screens/ListWithSelectionViewController.h"
+#include "Quillet/screens/SnippetDetailsViewController.h"
+#include "platform/foundation/DateFormats.h"
+#include "platform/screens/Sheet.h"
+#include "platform/screens/Symbol.h"
+
+#include <QtGui/QFontDatabase>
+#include <QtGui/QShortcut>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QScroller>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace quillet {
+
+namespace {
+
+using platform::Asset;
+using namespace std::chrono_literals;
+
+const QString emptyText =
+    QStringLiteral("Enter text here to start creating a snippet, or select one from the list.");
+const QString placeholder = QStringLiteral("// Tap to add code");
+
+constexpr auto autoSaveInterval = 20s;
+constexpr QSize listSheetSize(420, 560);
+constexpr QSize detailsSheetSize(460, 480);
+constexpr qreal codePointSize = 14.0 * 72 / 96; // 14 points of the screen, of which there are 96 to the inch
+
+QToolButton* barButton(const QString& symbol, const QString& name, QWidget* parent) {
+    auto* button = new QToolButton(parent);
+    button->setIcon(platform::symbolIcon(symbol, Asset::Accent));
+    button->setIconSize({20, 20});
+    button->setMinimumSize(44, 40);
+    button->setAutoRaise(true);
+    button->setAccessibleName(name);
+    button->setToolTip(name);
+    return button;
+}
+
+QToolButton* chip(const QString& symbol, const QString& name, QWidget* parent) {
+    auto* button = barButton(symbol, name, parent);
+    button->setIconSize({16, 16});
+    button->setMinimumHeight(36);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    return button;
+}
+
+} // namespace
+
+SnippetViewController::SnippetViewController(QWidget* parent)
+    : QWidget(parent)
+    , m_backButton(barButton(QStringLiteral("chevron.left"), QStringLiteral("Back"), this))
+    , m_snippetNameLabel(new QLabel(this))
+    , m_notesLabel(new QLabel(this))
+    , m_languageButton(chip(QStringLiteral("doc.text.fill"), QStringLiteral("Language"), this))
+    , m_themeButton(chip(QStringLiteral("paintpalette.fill"), QStringLiteral("Theme"), this))
+    , m_editButton(barButton(QStringLiteral("rectangle.and.pencil.and.ellipsis"),
+                             QStringLiteral("Edit Details"), this))
+    , m_saveButton(barButton(QStringLiteral("square.arrow.down"), QStringLiteral("Save"), this))
+    , m_textView(new platform::TextView(this))
+    , m_textStorage(new CodeAttributedString(*m_textView)) {
+    m_textStorage->setParent(this);
+    m_textView->setFrameShape(QFrame::NoFrame);
+    m_textView->setAccessibleName(QStringLiteral("Code"));
+    m_textView->document()->setDocumentMargin(16);
+    m_textView->setCursorWidth(2);
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(codePointSize);
+    m_textView->setFont(font);
+    m_textView->setTabStopDistance(4 * QFontMetricsF(font).horizontalAdvance(u' '));
+    QScroller::grabGesture(m_textView->viewport(), QScroller::TouchGesture);
+
+    buildBar();
+    connect(m_saveButton, &QToolButton::clicked, this, [this] { saveContents(Silent::No); });
+    // Not the button's own shortcut, which acts only after the button was shown pressed.
+    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this, [this] { saveContents(Silent::No); });
+    m_saveButton->setToolTip(QStringLiteral("Save (Ctrl+S)"));
+    connect(m_editButton, &QToolButton::clicked, this, &SnippetViewController::presentDetails);
+    connect(m_languageButton, &QToolButton::clicked, this, &SnippetViewController::presentLanguages);
+    connect(m_themeButton, &QToolButton::clicked, this, &SnippetViewController::presentThemes);
+    connect(m_backButton, &QToolButton::clicked, this, [this] {
+        if (onBack) onBack();
+    });
+
+    setTheme(KeyStore::shared().codeTheme());
+    m_timer.setInterval(autoSaveInterval);
+    connect(&m_timer, &QTimer::timeout, this, &SnippetViewController::autoSave);
+    m_timer.start();
+    setSnippet(nullptr);
+}
+
+void SnippetViewController::buildBar() {
+    QFont bold = m_snippetNameLabel->font();
+    bold.setPointSizeF(bold.pointSizeF() * 1.3);
+    bold.setBold(true);
+    m_snippetNameLabel->setFont(bold);
+    m_snippetNameLabel->setTextFormat(Qt::PlainText);
+    // A long name gives way to the buttons.
+    m_snippetNameLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_notesLabel->setTextFormat(Qt::PlainText);
+    m_notesLabel->setForegroundRole(QPalette::PlaceholderText);
+    m_notesLabel->setWordWrap(true);
+
+    auto* bar = new QHBoxLayout;
+    bar->setContentsMargins(12, 10, 12, 0);
+    bar->addWidget(m_backButton);
+    bar->addWidget(m_snippetNameLabel, 1);
+    bar->addWidget(m_editButton);
+    bar->addWidget(m_saveButton);
+    auto* chips = new QHBoxLayout;
+    chips->setContentsMargins(8, 0, 12, 6);
+    chips->addWidget(m_languageButton);
+    chips->addWidget(m_themeButton);
+    chips->addStretch();
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addLayout(bar);
+    column->addWidget(m_notesLabel);
+    column->addLayout(chips);
+    column->addWidget(m_textView, 1);
+    m_notesLabel->setContentsMargins(16, 0, 16, 0);
+    showsBackButton(false);
+}
+
+void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
+    m_snippet = std::move(snippet);
+    const bool present = m_snippet != nullptr;
+    m_editButton->setEnabled(present);
+    m_languageButton->setVisible(present);
+    m_snippetNameLabel->setText(present ? m_snippet->title() : QString());
+    m_notesLabel->setText(present ? m_snippet->notes() : QString());
+    m_notesLabel->setVisible(!m_notesLabel->text().isEmpty());
+    m_textView->setPlaceholderText(present ? placeholder : emptyText);
+    m_textView->setText(present ? m_snippet->code() : QString());
+    if (present) m_selectedLanguage = m_snippet->language().value_or(QString());
+    m_languageButton->setText(m_selectedLanguage);
+    m_textStorage->setLanguage(m_selectedLanguage.isEmpty() ? std::nullopt
+                                                            : std::optional(m_selectedLanguage));
+}
+
+void SnippetViewController::saveContents(Silent silent) {
+    if (!m_snippet) createFromText();
+    if (!m_snippet) return;
+    // A snippet that was deleted elsewhere keeps its text on screen, and there is nothing to write it to.
+    if (m_snippet->context()) m_snippet->setCode(m_textView->text());
+    CoreDataStack::shared().save(SaveReason::AddedSnippet);
+    if (silent == Silent::Yes) return;
+    if (delegate) delegate->didEdit(m_snippet);
+}
+
+void SnippetViewController::createFromText() {
+    if (m_textView->document()->isEmpty()) return;
+    m_snippet = Snippet::create(QStringLiteral("New Snippet - ") +
+                                    platform::shortDateTime(QDateTime::currentDateTime()),
+                                m_notesLabel->text(), m_textView->text(), m_selectedLanguage);
+    m_editButton->setEnabled(true);
+    m_languageButton->setVisible(true);
+    m_snippetNameLabel->setText(m_snippet->title());
+}
+
+void SnippetViewController::autoSave() {
+    if (m_snippet && m_snippet->context() && m_snippet->code() != m_textView->text())
+        saveContents(Silent::No);
+}
+
+void SnippetViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {
+    setSnippet(snippet);
+    if (delegate) delegate->didEdit(snippet);
+}
+
+void SnippetViewController::presentDetails() {
+    saveContents(Silent::Yes); // the form may replace the code, and it reloads this screen
+    auto* details = new SnippetDetailsViewController(m_snippet);
+    details->editDelegate = this;
+    auto* sheet = platform::Sheet::present(details, this, detailsSheetSize);
+    details->onClose = [sheet] { sheet->dismiss(); };
+}
+
+void SnippetViewController::presentLanguages() {
+    auto* list =
+        new ListWithSelectionViewController(QStringLiteral("Language"), languages(), m_selectedLanguage);
+    auto* sheet = platform::Sheet::present(list, this, listSheetSize);
+    list->onClose = [sheet] { sheet->dismiss(); };
+    list->onSelect = [this, sheet](const QString& language) {
+        selectLanguage(language);
+        sheet->dismiss();
+    };
+}
+
+void SnippetViewController::selectLanguage(const QString& language) {
+    m_selectedLanguage = language;
+    m_languageButton->setText(language);
+    m_textStorage->setLanguage(language);
+    if (!m_snippet) return;
+    m_snippet->setLanguage(language);
+    SnippetService().save(m_snippet);
+    if (delegate) delegate->didEdit(m_snippet);
+}
+
+void SnippetViewController::presentThemes() {
+    auto* list = new ListWithSelectionViewController(QStringLiteral("Theme"),
+                                                     platform::Highlightr::availableThemes(), m_currentTheme);
+    auto* sheet = platform::Sheet::present(list, this, listSheetSize);
+    list->onClose = [sheet] { sheet->dismiss(); };
+    list->onSelect = [this, sheet](const QString& theme) {
+        setTheme(theme);
+        KeyStore::shared().setCodeTheme(theme);
+        sheet->dismiss();
+    };
+}
+
+void SnippetViewController::setTheme(const QString& theme) {
+    m_currentTheme = theme;
+    m_themeButton->setText(theme);
+    m_textStorage->highlightr().setTheme(theme);
+    m_textStorage->themeChanged();
+}
+
+void SnippetViewController::showsBackButton(bool shows) {
+    m_backButton->setVisible(shows);
+}
+
+} // namespace quillet

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "Quillet/core/NavigationDelegates.h"
+#include "Quillet/core/Snippet.h"
+#include "Quillet/screens/CodeAttributedString.h"
+#include "platform/screens/TextView.h"
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QWidget>
+
+#include <functional>
+#include <optional>
+
+class QLabel;
+class QToolButton;
+
+namespace quillet {
+
+// The detail side of the window: one snippet's text, highlighted in the chosen theme. The only writer of a
+// snippet's code. Main thread.
+class SnippetViewController : public QWidget, public SnippetEditDelegate {
+    Q_OBJECT
+
+public:
+    explicit SnippetViewController(QWidget* parent = nullptr);
+
+    // The detail column's own delegate; not owned.
+    SnippetEditDelegate* delegate = nullptr;
+    std::function<void()> onBack;
+
+    std::shared_ptr<Snippet> snippet() const { return m_snippet; }
+
+    // None shows the empty state. Saves nothing of what was there before.
+    void setSnippet(std::shared_ptr<Snippet> snippet);
+
+    // Whether a save made in place is followed by a word to the delegate.
+    enum class Silent { No, Yes };
+    // Writes the text on screen to the snippet and saves. Text without a snippet becomes one.
+    void saveContents(Silent silent);
+
+    void didEdit(const std::shared_ptr<Snippet>& snippet) override;
+    void setTheme(const QString& theme);
+    void showsBackButton(bool shows);
+
+private:
+    void buildBar();
+    void presentDetails();
+    void presentLanguages();
+    void presentThemes();
+    void selectLanguage(const QString& language);
+    void autoSave();
+    void createFromText();
+
+    std::shared_ptr<Snippet> m_snippet;
+    QString m_selectedLanguage = QStringLiteral("swift");
+    QString m_currentTheme;
+    QToolButton* m_backButton;
+    QLabel* m_snippetNameLabel;
+    QLabel* m_notesLabel;
+    QToolButton* m_languageButton;
+    QToolButton* m_themeButton;
+    QToolButton* m_editButton;
+    QToolButton* m_saveButton;
+    platform::TextView* m_textView;
+    CodeAttributedString* m_textStorage;
+    QTimer m_timer;
+};
+
+} // namespace quillet

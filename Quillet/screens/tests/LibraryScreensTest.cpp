@@ -1,0 +1,252 @@
+#include "Quillet/core/Repository.h"
+#include "Quillet/core/tests/TemporaryLibrary.h"
+#include "Quillet/screens/HealthBanner.h"
+#include "Quillet/screens/Languages.h"
+#include "Quillet/screens/ListWithSelectionViewController.h"
+#include "Quillet/screens/SnippetDetailsViewController.h"
+#include "Quillet/screens/SnippetRootViewController.h"
+#include "Quillet/screens/SnippetViewController.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtGui/QClipboard>
+#include <QtGui/QTextBlock>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolButton>
+
+using namespace quillet;
+using platform::TextView;
+
+namespace {
+
+class LibraryScreens : public TemporaryLibrary {
+protected:
+    std::unique_ptr<SnippetRootViewController> window;
+
+    void open(QSize size = {1100, 700}) {
+        window = std::make_unique<SnippetRootViewController>();
+        window->resize(size);
+        window->show();
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    template <typename T>
+    T* named(const char* accessibleName) const {
+        for (auto* widget : window->findChildren<T*>())
+            if (widget->isVisible() &&
+                (widget->accessibleName() == QString::fromUtf8(accessibleName) ||
+                 widget->property("text").toString() == QString::fromUtf8(accessibleName)))
+                return widget;
+        return nullptr;
+    }
+
+    TextView* code() const { return window->findChild<TextView*>(); }
+
+    // The window's bars hold tool buttons, the sheets push buttons.
+    template <typename Button = QToolButton>
+    void click(const char* name) const {
+        auto* button = named<Button>(name);
+        ASSERT_NE(button, nullptr) << name;
+        QTest::mouseClick(button, Qt::LeftButton);
+        turn();
+    }
+
+    // Fills the form for a new snippet by the keyboard and saves it.
+    void createByForm(const QString& name, const QString& language) const {
+        click("Add");
+        QTest::keyClicks(named<QLineEdit>("Name"), name);
+        click<QPushButton>("Language");
+        QTest::keyClicks(named<QLineEdit>("Search"), language);
+        QTest::keyClick(named<QLineEdit>("Search"), Qt::Key_Return);
+        turn();
+        click<QPushButton>("Save");
+    }
+
+    static Repository<Snippet>::Results stored() {
+        CoreDataStack& stack = CoreDataStack::shared();
+        return Repository<Snippet>(stack.viewContext()).results().value();
+    }
+
+    // What a new start of the program would find.
+    QStringList codesOnDisk() const {
+        CoreDataStack reopened(storePath);
+        QStringList codes;
+        const Repository<Snippet> repository(reopened.viewContext());
+        for (const auto& snippet : repository.results().value()) codes += snippet->code();
+        return codes;
+    }
+};
+
+TEST_F(LibraryScreens, ANewSnippetIsTypedIntoSavedAndThereAfterwards) {
+    open();
+    createByForm(QStringLiteral("Greeting"), QStringLiteral("python"));
+    ASSERT_EQ(stored().size(), 1U);
+    EXPECT_EQ(stored()[0]->language(), QStringLiteral("python"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Greeting - Quillet"));
+    QTest::keyClicks(code(), QStringLiteral("print('hi')"));
+    QTest::keyClick(code(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(codesOnDisk(), QStringList{QStringLiteral("print('hi')")});
+}
+
+TEST_F(LibraryScreens, TheFormTakesTheClipboardAndWantsNameAndLanguage) {
+    open();
+    QGuiApplication::clipboard()->setText(QStringLiteral("let a = 1"));
+    click("Add");
+    click<QPushButton>("Save");
+    auto* alert = window->findChild<QMessageBox*>();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->text(), QStringLiteral("You need a title and language selected to create a snippet."));
+    QTest::mouseClick(alert->buttons().constFirst(), Qt::LeftButton);
+    EXPECT_EQ(stored().size(), 0U);
+    QTest::keyClick(named<QLineEdit>("Name"), Qt::Key_Escape);
+    turn();
+    EXPECT_EQ(window->findChild<SnippetDetailsViewController*>(), nullptr);
+
+    click("Add");
+    QTest::mouseClick(window->findChild<QCheckBox*>(), Qt::LeftButton, {}, QPoint(10, 22));
+    QTest::keyClicks(named<QLineEdit>("Name"), QStringLiteral("  ")); // two blanks are a name
+    click<QPushButton>("Language");
+    QTest::keyClicks(named<QLineEdit>("Search"), QStringLiteral("SWIFT"));
+    QTest::keyClick(named<QLineEdit>("Search"), Qt::Key_Return);
+    turn();
+    click<QPushButton>("Save");
+    ASSERT_EQ(stored().size(), 1U);
+    EXPECT_EQ(stored()[0]->code(), QStringLiteral("let a = 1"));
+}
+
+TEST_F(LibraryScreens, TextGetsTheColoursOfItsLanguageAndTheme) {
+    open();
+    createByForm(QStringLiteral("Coloured"), QStringLiteral("swift"));
+    QTest::keyClicks(code(), QStringLiteral("let a"));
+    const auto formats = [&] { return code()->document()->firstBlock().layout()->formats(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !formats().isEmpty(); }, 20'000));
+    EXPECT_EQ(formats()[0].length, 3);
+    const QColor xcode = formats()[0].format.foreground().color();
+    click("Theme");
+    QTest::keyClicks(named<QLineEdit>("Search"), QStringLiteral("monokai-sublime"));
+    QTest::keyClick(named<QLineEdit>("Search"), Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return !formats().isEmpty() && formats()[0].format.foreground().color() != xcode; }, 20'000));
+    EXPECT_EQ(code()->palette().color(QPalette::Base), QColor(0x23, 0x24, 0x1F));
+}
+
+TEST_F(LibraryScreens, ClosingTheWindowSavesEvenTextThatHasNoSnippetYet) {
+    open();
+    code()->setFocus();
+    QTest::keyClicks(code(), QStringLiteral("loose text"));
+    EXPECT_TRUE(window->close());
+    ASSERT_EQ(stored().size(), 1U);
+    EXPECT_TRUE(stored()[0]->title().startsWith(QStringLiteral("New Snippet - ")));
+    EXPECT_EQ(codesOnDisk(), QStringList{QStringLiteral("loose text")});
+}
+
+TEST_F(LibraryScreens, AnotherSnippetTakesThePlaceOfASavedOne) {
+    open();
+    createByForm(QStringLiteral("First"), QStringLiteral("swift"));
+    QTest::keyClicks(code(), QStringLiteral("first text"));
+    createByForm(QStringLiteral("Second"), QStringLiteral("swift"));
+    EXPECT_EQ(code()->text(), QString());
+    EXPECT_EQ(stored()[0]->code(), QStringLiteral("first text"));
+    window->didSelect(stored()[0]);
+    EXPECT_EQ(code()->text(), QStringLiteral("first text"));
+    const auto first = stored()[0];
+    context().deleteObject(*first);
+    window->didDelete(first);
+    EXPECT_EQ(code()->text(), QString());
+}
+
+TEST_F(LibraryScreens, HostileTextsAreShownAndSavedUnitForUnit) {
+    const QString hostile =
+        QString::fromUtf8("a\0b\r\nc\rd\n", 9) + QChar(char16_t{0xD800}) + QStringLiteral("\r\n");
+    const auto snippet =
+        Snippet::create(QStringLiteral("h"), {}, hostile, QStringLiteral("no such language"));
+    open();
+    window->didSelect(snippet);
+    window->save();
+    EXPECT_EQ(codesOnDisk(), QStringList{hostile});
+    QTest::keyClicks(code(), QStringLiteral("x"));
+    window->save();
+    EXPECT_EQ(codesOnDisk(), QStringList{u'x' + hostile});
+}
+
+TEST_F(LibraryScreens, APasteOfTwentyMegabytesIsKept) {
+    const QString line = QStringLiteral("int value = 42; // a line of code that is pasted again and again\n");
+    const QString big = line.repeated(20'000'000 / line.size());
+    open();
+    code()->setFocus();
+    QGuiApplication::clipboard()->setText(big);
+    QTest::keyClick(code(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(code()->text(), big);
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(codesOnDisk(), QStringList{big});
+}
+
+TEST_F(LibraryScreens, ALibraryThatCannotBeOpenedSaysSoAndClosesOnlyOnRequest) {
+    QDir().mkpath(root.filePath(QStringLiteral("Quillet")));
+    QFile file(storePath);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("not a database");
+    file.close();
+    open();
+    const auto* banner = window->findChild<HealthBanner*>();
+    EXPECT_TRUE(banner->isVisible());
+    EXPECT_TRUE(banner->text().contains(QStringLiteral("could not be opened")))
+        << banner->text().toStdString();
+    code()->setFocus();
+    QTest::keyClicks(code(), QStringLiteral("precious"));
+
+    const auto answer = [&](const QString& text) {
+        QTimer::singleShot(0, window.get(), [this, text] {
+            auto* question = window->findChild<QMessageBox*>();
+            for (auto* button : question->buttons())
+                if (button->text() == text) button->click();
+        });
+    };
+    answer(QStringLiteral("Keep Open"));
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(code()->text(), QStringLiteral("precious"));
+    answer(QStringLiteral("Quit Anyway"));
+    EXPECT_TRUE(window->close());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "not a database");
+}
+
+TEST_F(LibraryScreens, ANarrowWindowShowsOneColumnAtATime) {
+    open({390, 700});
+    EXPECT_FALSE(code()->isVisible());
+    createByForm(QStringLiteral("Narrow"), QStringLiteral("swift"));
+    ASSERT_TRUE(code()->isVisible());
+    QTest::keyClicks(code(), QStringLiteral("kept"));
+    click("Back");
+    EXPECT_FALSE(code()->isVisible());
+    EXPECT_EQ(codesOnDisk(), QStringList{QStringLiteral("kept")});
+    window->resize(1000, 700);
+    EXPECT_TRUE(code()->isVisible());
+}
+
+TEST_F(LibraryScreens, TheLanguageListMatchesStartsAndLeavesOneNameOut) {
+    EXPECT_TRUE(languages().contains(QStringLiteral("swift")));
+    EXPECT_TRUE(languages().filter(QStringLiteral("fuck")).isEmpty());
+    ListWithSelectionViewController list(QStringLiteral("L"),
+                                         {QStringLiteral("c"), QStringLiteral("objc"), QStringLiteral("c++")},
+                                         QStringLiteral("objc"));
+    list.show();
+    QString chosen;
+    list.onSelect = [&](const QString& option) { chosen = option; };
+    auto* search = list.findChild<QLineEdit*>();
+    QTest::keyClicks(search, QStringLiteral("C+"));
+    const auto* model = list.findChild<QListView*>()->model();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return model->rowCount() == 1; }));
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_EQ(chosen, QStringLiteral("c++"));
+}
+
+} // namespace

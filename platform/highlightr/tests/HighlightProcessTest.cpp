@@ -1,0 +1,117 @@
+#include "platform/highlightr/HighlightProcess.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <thread>
+
+using namespace platform;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString code = QStringLiteral("int x;");
+const QString c = QStringLiteral("c");
+
+QString helperPath() {
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/quillet-highlighter");
+}
+
+TEST(HighlightProcess, ARunawayIsKilledAtTheDeadlineAndTheNextRequestWorks) {
+    HighlightProcess process(helperPath(), {.start = 30s, .request = 300ms});
+    // Many languages over a sample of this size take seconds; the deadline falls in the middle.
+    const QString hostile = QStringLiteral("{{[[((<<\"'`aA0_$#@!%^&*-+=|\\/?~ ").repeated(20'000);
+    EXPECT_FALSE(process.highlight(hostile, std::nullopt, static_cast<quint32>(hostile.size())));
+    EXPECT_EQ(process.pid(), 0);
+    HighlightProcess patient(helperPath(), {.start = 30s, .request = 30s});
+    EXPECT_TRUE(patient.highlight(code, c, 2048));
+}
+
+TEST(HighlightProcess, AHelperKilledBetweenRequestsIsStartedAnew) {
+    HighlightProcess process(helperPath(), {.start = 30s, .request = 30s});
+    ASSERT_TRUE(process.highlight(code, c, 2048));
+    const pid_t first = process.pid();
+    ASSERT_GT(first, 0);
+    kill(first, SIGKILL);
+    EXPECT_TRUE(process.highlight(code, c, 2048));
+    EXPECT_NE(process.pid(), first);
+}
+
+TEST(HighlightProcess, ManyThreadsMayAskAtOnce) {
+    HighlightProcess process(helperPath(), {.start = 30s, .request = 30s});
+    std::atomic<int> answers = 0;
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < 8; ++i)
+            threads.emplace_back([&, i] {
+                const QString own = QStringLiteral("int x%1; ").arg(i).repeated(i + 1);
+                for (int round = 0; round < 20; ++round) {
+                    const auto result = process.highlight(own, c, 2048);
+                    if (result && result->runs.size() == static_cast<std::size_t>(i) + 1) ++answers;
+                }
+            });
+    }
+    EXPECT_EQ(answers, 160);
+}
+
+TEST(HighlightProcess, TheHelperCanOpenNothing) {
+    HighlightProcess process(helperPath(), {.start = 30s, .request = 30s});
+    ASSERT_TRUE(process.highlight(code, c, 2048));
+    QFile limits(QStringLiteral("/proc/%1/limits").arg(process.pid()));
+    ASSERT_TRUE(limits.open(QIODevice::ReadOnly));
+    const QString text = QString::fromLatin1(limits.readAll()).simplified();
+    EXPECT_TRUE(text.contains(QStringLiteral("Max open files 3 3"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("Max file size 0 0")));
+}
+
+// Programs in the helper's place that do everything wrong.
+class WrongHelper : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(WrongHelper, GivesNoColoursAndNoHang) {
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("helper"));
+    QFile script(path);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write(QByteArray("#!/bin/sh\nPATH=/usr/bin:/bin\n") + GetParam() + "\n");
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    script.close();
+    HighlightProcess process(path, {.start = 500ms, .request = 500ms});
+    EXPECT_FALSE(process.highlight(code, c, 2048));
+    EXPECT_FALSE(process.highlight(code.repeated(50'000), c, 2048));
+}
+
+INSTANTIATE_TEST_SUITE_P(Helpers, WrongHelper,
+                         ::testing::Values("exit 0", "exec sleep 100", "cat /dev/zero", "cat /dev/urandom",
+                                           "printf '\\0\\0\\0\\0'; exec sleep 100", // ready, then silent
+                                           "printf '\\0\\0\\0\\0'; exec cat",       // gives the request back
+                                           "printf '\\0\\0\\0\\0\\377\\377\\377\\377'", // an endless answer
+                                           "printf '\\0\\0\\0\\0\\4\\0\\0\\0{\\0}\\0'; exec sleep 100"));
+
+TEST(HighlightProcess, AMissingHelperGivesNoColours) {
+    EXPECT_FALSE(HighlightProcess(QStringLiteral("/nonexistent/helper")).highlight(code, c, 2048));
+}
+
+TEST(HighlightedCode, AnswersThatBreakARuleAreNotBelieved) {
+    const auto parse = [](const char* json) { return HighlightedCode::parse(QString::fromLatin1(json), 10); };
+    EXPECT_TRUE(parse(R"({"language":"c","length":10,"paths":["a b"],"runs":[0,5,0,5,5,0]})"));
+    const char* broken[] = {"",
+                            "[]",
+                            "{",
+                            R"({"length":9,"paths":["a"],"runs":[]})",
+                            R"({"length":10,"paths":["a"],"runs":[0,11,0]})",
+                            R"({"length":10,"paths":["a"],"runs":[-1,2,0]})",
+                            R"({"length":10,"paths":["a"],"runs":[0,0,0]})",
+                            R"({"length":10,"paths":["a"],"runs":[0,5,1]})",
+                            R"({"length":10,"paths":["a"],"runs":[0,5,0,4,2,0]})",
+                            R"({"length":10,"paths":["a"],"runs":[9223372036854775807,5,0]})",
+                            R"({"length":10,"paths":["a"],"runs":[5,9223372036854775807,0]})",
+                            R"({"length":10,"paths":["a"],"runs":[0,5]})",
+                            R"({"length":10,"paths":["a"],"runs":["0",5,0]})"};
+    for (const char* json : broken)
+        EXPECT_FALSE(parse(json)) << json;
+}
+
+} // namespace

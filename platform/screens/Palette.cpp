@@ -1,0 +1,91 @@
+#include "platform/screens/Palette.h"
+
+#include "platform/screens/DesktopAppearance.h"
+
+#include <QtGui/QPalette>
+#include <QtWidgets/QApplication>
+
+namespace platform {
+
+namespace {
+
+struct Values {
+    QRgb light;
+    QRgb dark;
+};
+
+Values valuesOf(Asset asset) {
+    switch (asset) {
+    case Asset::Accent:
+        return {0xFF2F6FED, 0xFF5B93FF};
+    case Asset::BackgroundGrey:
+        return {0xFFF1F2F6, 0xFF16171B};
+    case Asset::Card:
+        return {0xFFFFFFFF, 0xFF23252B};
+    case Asset::Separator:
+        return {0xFFE1E3EA, 0xFF363943};
+    case Asset::Selection:
+        return {0xFFDCE7FF, 0xFF2C3F66};
+    case Asset::Text:
+        return {0xFF1B1D24, 0xFFF0F1F5};
+    case Asset::TextSecondary:
+        return {0xFF666B7A, 0xFF9CA1B0};
+    case Asset::KindaGreen:
+        return {0xFF2FA56B, 0xFF4CC98A};
+    case Asset::BlueStart:
+        return {0xFF2F80ED, 0xFF63A4FF};
+    case Asset::GreenStart:
+        return {0xFF11998E, 0xFF2BC4B6};
+    case Asset::Purple:
+        return {0xFF8E54E9, 0xFFB48BFF};
+    case Asset::SystemYellow:
+        return {0xFFE0A800, 0xFFFFD60A};
+    case Asset::SystemOrange:
+        return {0xFFF2811D, 0xFFFF9F0A};
+    case Asset::SystemRed:
+        return {0xFFE0342B, 0xFFFF6961};
+    case Asset::SystemPink:
+        return {0xFFE0355F, 0xFFFF6482};
+    case Asset::SystemGray:
+        return {0xFF85878F, 0xFF9A9CA5};
+    case Asset::SystemBlack:
+        return {0xFF000000, 0xFFD8D9DE}; // black itself would vanish on dark
+    }
+    return {0xFF000000, 0xFFFFFFFF};
+}
+
+} // namespace
+
+QColor color(Asset asset, Appearance appearance) {
+    const Values values = valuesOf(asset);
+    return QColor::fromRgba(appearance == Appearance::Light ? values.light : values.dark);
+}
+
+Appearance currentAppearance() {
+    return DesktopAppearance::shared().appearance();
+}
+
+QColor color(Asset asset) {
+    return color(asset, currentAppearance());
+}
+
+void applyPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, color(Asset::BackgroundGrey));
+    palette.setColor(QPalette::Base, color(Asset::Card));
+    palette.setColor(QPalette::AlternateBase, color(Asset::BackgroundGrey));
+    palette.setColor(QPalette::Button, color(Asset::Card));
+    palette.setColor(QPalette::ToolTipBase, color(Asset::Card));
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+        palette.setColor(role, color(Asset::Text));
+    palette.setColor(QPalette::PlaceholderText, color(Asset::TextSecondary));
+    palette.setColor(QPalette::Highlight, color(Asset::Accent));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, color(Asset::Accent));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, color(Asset::TextSecondary));
+    QApplication::setPalette(palette);
+}
+
+} // namespace platform

@@ -1,0 +1,128 @@
+"""The screen as a user meets it: what is shown, by the accessibility tree; input, by real events."""
+
+import subprocess
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402
+
+PATIENCE = 20  # seconds that anything may take to appear
+
+
+class Missing(Exception):
+    """Something that should be on screen is not."""
+
+
+def run(*command, text=None):
+    done = subprocess.run(command, input=text, capture_output=True, text=True, timeout=60)
+    if done.returncode != 0:
+        raise Missing(f"{command[0]}: {done.stderr.strip()}")
+    return done.stdout
+
+
+def wait(what, condition):
+    """Waits until `condition` gives something true, and gives that back."""
+    end = time.monotonic() + PATIENCE
+    while True:
+        try:
+            found = condition()
+        except gi.repository.GLib.Error:
+            found = None  # the tree changed under us
+        if found:
+            return found
+        if time.monotonic() > end:
+            raise Missing(what)
+        time.sleep(0.05)
+
+
+def _walk(node):
+    yield node
+    for index in range(node.get_child_count()):
+        child = node.get_child_at_index(index)
+        if child is not None:
+            yield from _walk(child)
+
+
+def _application():
+    desktop = Atspi.get_desktop(0)
+    for index in range(desktop.get_child_count()):
+        child = desktop.get_child_at_index(index)
+        if child is not None and "quillet" in (child.get_name() or "").lower():
+            return child
+    return None
+
+
+def nodes(role=None):
+    application = _application()
+    if application is None:
+        return []
+    application.clear_cache()
+    return [
+        node
+        for node in _walk(application)
+        if node.get_state_set().contains(Atspi.StateType.SHOWING) and (role is None or node.get_role_name() == role)
+    ]
+
+
+def texts_of(node):
+    yield node.get_name() or ""
+    text = node.get_text_iface()
+    if text is not None:
+        yield Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text))
+
+
+def find(name, role=None):
+    matching = [node for node in nodes(role) if node.get_name() == name]
+    # What was opened last lies on top.
+    return matching[-1] if matching else None
+
+
+def find_text(fragment):
+    return next((node for node in nodes() if any(fragment in text for text in texts_of(node))), None)
+
+
+def shows(name, role=None):
+    return wait(f"nothing named {name!r} is on screen", lambda: find(name, role))
+
+
+def shows_text(fragment):
+    return wait(f"no text {fragment!r} is on screen", lambda: find_text(fragment))
+
+
+def center(node):
+    box = Atspi.Component.get_extents(node.get_component_iface(), Atspi.CoordType.SCREEN)
+    return box.x + box.width // 2, box.y + box.height // 2
+
+
+def click(name, role=None, button="1"):
+    shows(name, role)
+    time.sleep(0.2)  # what moves comes to rest
+    x, y = center(shows(name, role))
+    run("xdotool", "mousemove", str(x), str(y), "click", button)
+
+
+def press(*keys):
+    run("xdotool", "key", "--clearmodifiers", *keys)
+
+
+def type_text(text):
+    run("xdotool", "type", "--clearmodifiers", "--delay", "15", text)
+
+
+def set_clipboard(text):
+    subprocess.run(["xclip", "-selection", "clipboard", "-in"], input=text, text=True, check=True,
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+def picture(path):
+    time.sleep(0.4)  # the last painting
+    run("import", "-window", "root", path)
+
+
+def colours_in(path, node):
+    """How many colours the part of a picture under `node` has."""
+    box = Atspi.Component.get_extents(node.get_component_iface(), Atspi.CoordType.SCREEN)
+    area = f"{box.width}x{box.height}+{box.x}+{box.y}"
+    return int(run("convert", path, "-crop", area, "-format", "%k", "info:"))
