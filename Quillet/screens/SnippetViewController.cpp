@@ -45,6 +45,12 @@ QToolButton* barButton(const QString& symbol, const QString& name, QWidget* pare
     return button;
 }
 
+// The value is what is read on the button; the name says of what.
+void showValue(QToolButton* chip, const QString& value) {
+    chip->setText(value);
+    chip->setAccessibleDescription(value);
+}
+
 QToolButton* chip(const QString& symbol, const QString& name, QWidget* parent) {
     auto* button = barButton(symbol, name, parent);
     button->setIconSize({16, 16});
@@ -143,7 +149,7 @@ void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
     m_textView->setPlaceholderText(present ? placeholder : emptyText);
     m_textView->setText(present ? m_snippet->code() : QString());
     if (present) m_selectedLanguage = m_snippet->language().value_or(QString());
-    m_languageButton->setText(m_selectedLanguage);
+    showValue(m_languageButton, m_selectedLanguage);
     m_textStorage->setLanguage(m_selectedLanguage.isEmpty() ? std::nullopt
                                                             : std::optional(m_selectedLanguage));
 }
@@ -199,7 +205,7 @@ void SnippetViewController::presentLanguages() {
 
 void SnippetViewController::selectLanguage(const QString& language) {
     m_selectedLanguage = language;
-    m_languageButton->setText(language);
+    showValue(m_languageButton, language);
     m_textStorage->setLanguage(language);
     if (!m_snippet) return;
     m_snippet->setLanguage(language);
@@ -221,7 +227,7 @@ void SnippetViewController::presentThemes() {
 
 void SnippetViewController::setTheme(const QString& theme) {
     m_currentTheme = theme;
-    m_themeButton->setText(theme);
+    showValue(m_themeButton, theme);
     m_textStorage->highlightr().setTheme(theme);
     m_textStorage->themeChanged();
 }

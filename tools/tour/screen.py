@@ -68,6 +68,7 @@ def nodes(role=None):
 
 def texts_of(node):
     yield node.get_name() or ""
+    yield node.get_description() or ""
     text = node.get_text_iface()
     if text is not None:
         yield Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text))

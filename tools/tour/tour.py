@@ -83,11 +83,11 @@ def first_use(program):
     press("ctrl+s")
     done("Typed and saved")
 
-    click("xcode")
+    click("Theme")
     shows("Search")
     type_text("atom-one-dark")
     press("Return")
-    shows("atom-one-dark")
+    shows_text("atom-one-dark")
     time.sleep(1)
     done("Another theme")
 
@@ -100,7 +100,7 @@ def first_use(program):
 def after_restart():
     open_snippet("swift", "Greeting")
     shows_text("print(greet(name: \"you\"))")
-    shows("atom-one-dark")
+    shows_text("atom-one-dark")
     time.sleep(1)
     done("Found again after a restart")
 
