@@ -80,7 +80,7 @@ void ListWithSelectionViewController::focusInEvent(QFocusEvent* /*event*/) {
 void ListWithSelectionViewController::applyFilter() {
     const QString query = QRegularExpression::escape(m_searchBar->text().toLower());
     m_filtered.setFilterRegularExpression(QRegularExpression(QStringLiteral("^") + query));
-    if (!m_list->currentIndex().isValid()) m_list->setCurrentIndex(m_filtered.index(0, 0));
+    m_list->setCurrentIndex(m_filtered.index(0, 0)); // Return takes the best match
 }
 
 void ListWithSelectionViewController::choose(const QModelIndex& index) {

@@ -13,7 +13,7 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QCheckBox>
-#include <QtWidgets/QFormLayout>
+#include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
@@ -45,6 +45,7 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
     , m_snippet(std::move(snippet))
     , m_nameField(new QLineEdit(this))
     , m_languageRow(new QPushButton(this))
+    , m_languageDetailLabel(new QLabel(m_languageRow))
     , m_notesField(new QPlainTextEdit(this))
     , m_copySwitch(new QCheckBox(QStringLiteral("Import code from the clipboard"), this)) {
     auto* bar =
@@ -62,15 +63,20 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
     m_notesField->setPlaceholderText(QStringLiteral("Notes"));
     m_notesField->setAccessibleName(QStringLiteral("Notes"));
     m_notesField->setTabChangesFocus(true);
-    m_languageRow->setLayoutDirection(Qt::RightToLeft); // the chevron stands behind the text
-    m_languageRow->setIcon(
-        platform::symbolIcon(QStringLiteral("chevron.right"), platform::Asset::TextSecondary));
-    m_languageRow->setIconSize({12, 12});
+    auto* chevron = new QLabel(m_languageRow);
+    chevron->setPixmap(
+        platform::symbolIcon(QStringLiteral("chevron.right"), platform::Asset::TextSecondary).pixmap(12, 12));
+    auto* rowContent = new QHBoxLayout(m_languageRow);
+    rowContent->setContentsMargins(14, 0, 14, 0);
+    rowContent->addWidget(m_languageDetailLabel, 1);
+    rowContent->addWidget(chevron);
+    for (auto* label : {m_languageDetailLabel, chevron})
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
     connect(m_languageRow, &QPushButton::clicked, this, &SnippetDetailsViewController::pickLanguage);
 
     const QString field =
         QStringLiteral("QLineEdit, QPlainTextEdit, QPushButton#row { background: %1; color: %2; border: 1px "
-                       "solid %3; border-radius: 10px; padding: 8px 12px; text-align: right; }"
+                       "solid %3; border-radius: 10px; padding: 8px 12px; }"
                        "QLineEdit:focus, QPlainTextEdit:focus, QPushButton#row:focus { border: 2px "
                        "solid %4; padding: 7px 11px; }")
             .arg(platform::color(platform::Asset::Card).name(), platform::color(platform::Asset::Text).name(),
@@ -107,7 +113,7 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
 
 void SnippetDetailsViewController::showLanguage(const QString& language) {
     m_language = language;
-    m_languageRow->setText(isEmpty(language) ? QStringLiteral("Choose a language") : language);
+    m_languageDetailLabel->setText(isEmpty(language) ? QStringLiteral("Choose a language") : language);
     m_languageRow->setAccessibleName(QStringLiteral("Language"));
     m_languageRow->setAccessibleDescription(language);
 }

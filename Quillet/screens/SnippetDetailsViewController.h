@@ -9,6 +9,7 @@
 #include <optional>
 
 class QCheckBox;
+class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
@@ -37,6 +38,7 @@ private:
     std::shared_ptr<Snippet> m_snippet;
     QLineEdit* m_nameField;
     QPushButton* m_languageRow;
+    QLabel* m_languageDetailLabel;
     QPlainTextEdit* m_notesField;
     QCheckBox* m_copySwitch;
     QString m_language;

@@ -87,7 +87,8 @@ SnippetViewController::SnippetViewController(QWidget* parent)
     buildBar();
     connect(m_saveButton, &QToolButton::clicked, this, [this] { saveContents(Silent::No); });
     // Not the button's own shortcut, which acts only after the button was shown pressed.
-    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this, [this] { saveContents(Silent::No); });
+    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this,
+            [this] { saveContents(Silent::No); });
     m_saveButton->setToolTip(QStringLiteral("Save (Ctrl+S)"));
     connect(m_editButton, &QToolButton::clicked, this, &SnippetViewController::presentDetails);
     connect(m_languageButton, &QToolButton::clicked, this, &SnippetViewController::presentLanguages);

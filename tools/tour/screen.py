@@ -28,8 +28,8 @@ def wait(what, condition):
     while True:
         try:
             found = condition()
-        except gi.repository.GLib.Error:
-            found = None  # the tree changed under us
+        except (Missing, gi.repository.GLib.Error):
+            found = None  # no active window yet, or the tree changed under us
         if found:
             return found
         if time.monotonic() > end:
