@@ -45,16 +45,16 @@ bool readExactly(void* into, std::size_t size) {
     return std::fread(into, 1, size, stdin) == size;
 }
 
-void writeFrame(const void* bytes, std::size_t size) {
-    const auto length = static_cast<std::uint32_t>(size);
+void writeFrame(std::u16string_view text) {
+    const auto length = static_cast<std::uint32_t>(text.size() * sizeof(char16_t));
     std::fwrite(&length, sizeof length, 1, stdout);
-    std::fwrite(bytes, 1, size, stdout);
+    std::fwrite(text.data(), sizeof(char16_t), text.size(), stdout);
     std::fflush(stdout);
 }
 
 // Ends the process at the end of the input and at a request that breaks the format.
 int serve(const ScriptEngine& engine) {
-    writeFrame(nullptr, 0);
+    writeFrame(u"");
     std::uint32_t size = 0;
     while (readExactly(&size, sizeof size)) {
         if (size < sizeof(RequestHeader) || size > longestRequest || size % 2 != 0) return EXIT_FAILURE;
@@ -69,7 +69,7 @@ int serve(const ScriptEngine& engine) {
         const std::u16string answer = engine.highlight(
             all.substr(languageLength), named ? std::optional(all.substr(0, languageLength)) : std::nullopt,
             header.sampleSize);
-        writeFrame(answer.data(), answer.size() * sizeof(char16_t));
+        writeFrame(answer);
     }
     return EXIT_SUCCESS;
 }
