@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -52,9 +53,16 @@ public:
 
     void emit(const T& event) const {
         const auto observers = m_observers; // an observer may release the signal itself
-        const auto snapshot = *observers;
-        for (const auto& [token, observer] : snapshot)
-            if (observers->contains(token)) observer(event);
+        std::vector<std::size_t> tokens;
+        tokens.reserve(observers->size());
+        for (const auto& [token, observer] : *observers)
+            tokens.push_back(token);
+        for (const std::size_t token : tokens) {
+            const auto found = observers->find(token);
+            if (found == observers->end()) continue;
+            const Observer observer = found->second; // outlives its own cancellation
+            observer(event);
+        }
     }
 
 private:

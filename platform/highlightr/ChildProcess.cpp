@@ -146,11 +146,9 @@ std::expected<QByteArray, ChildProcess::Fault> ChildProcess::readExactly(qsizety
         const ssize_t got = read(m_fromChild, bytes.data() + at, static_cast<std::size_t>(size - at));
         if (got > 0) {
             at += got;
-        } else if (got == 0) {
-            return std::unexpected(Fault::Broken);
-        } else if (errno == EAGAIN) {
+        } else if (got < 0 && errno == EAGAIN) {
             if (!waitFor(m_fromChild, POLLIN, deadline)) return std::unexpected(Fault::TimedOut);
-        } else if (errno != EINTR) {
+        } else if (got == 0 || errno != EINTR) {
             return std::unexpected(Fault::Broken);
         }
     }

@@ -95,6 +95,7 @@ struct Column {
 
 std::vector<Column> columnsOf(const EntityDescription& entity) {
     std::vector<Column> columns;
+    columns.reserve(entity.attributes.size() + entity.relationships.size());
     for (std::size_t i = 0; i < entity.attributes.size(); ++i)
         columns.push_back({static_cast<qsizetype>(i), quoted(entity.attributes[i].name)});
     for (std::size_t i = 0; i < entity.relationships.size(); ++i)

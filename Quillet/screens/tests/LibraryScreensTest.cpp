@@ -79,7 +79,8 @@ protected:
         CoreDataStack reopened(storePath);
         QStringList codes;
         const Repository<Snippet> repository(reopened.viewContext());
-        for (const auto& snippet : repository.results().value()) codes += snippet->code();
+        for (const auto& snippet : repository.results().value())
+            codes += snippet->code();
         return codes;
     }
 };
