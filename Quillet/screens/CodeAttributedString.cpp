@@ -8,17 +8,17 @@ namespace quillet {
 
 namespace {
 
-constexpr int delayMilliseconds = 40;
+using namespace std::chrono_literals;
+
+constexpr auto delay = 40ms;
 
 } // namespace
 
 CodeAttributedString::CodeAttributedString(platform::TextView& view)
     : m_view(&view)
-    , m_highlightr(std::make_shared<platform::Highlightr>()) {
-    m_delay.setSingleShot(true);
-    m_delay.setInterval(delayMilliseconds);
-    connect(&m_delay, &QTimer::timeout, this, &CodeAttributedString::start);
-    connect(m_view, &QPlainTextEdit::textChanged, &m_delay, qOverload<>(&QTimer::start));
+    , m_highlightr(std::make_shared<platform::Highlightr>())
+    , m_delay(platform::Timer::Kind::OneShot, delay, [this] { start(); }) {
+    connect(m_view, &QPlainTextEdit::textChanged, this, [this] { m_delay.start(); });
 }
 
 void CodeAttributedString::setLanguage(const std::optional<QString>& language) {

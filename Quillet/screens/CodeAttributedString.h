@@ -1,10 +1,9 @@
 #pragma once
 
 #include "platform/foundation/AttributedString.h"
+#include "platform/foundation/Timer.h"
 #include "platform/highlightr/Highlightr.h"
 #include "platform/screens/TextView.h"
-
-#include <QtCore/QTimer>
 
 #include <memory>
 #include <optional>
@@ -40,7 +39,7 @@ private:
     platform::TextView* m_view;
     std::shared_ptr<platform::Highlightr> m_highlightr; // shared with a highlight that is under way
     std::optional<QString> m_language;
-    QTimer m_delay; // lets a burst of keystrokes be one highlight
+    platform::Timer m_delay; // lets a burst of keystrokes be one highlight
     bool m_isRunning = false;
 };
 

@@ -72,7 +72,8 @@ SnippetViewController::SnippetViewController(QWidget* parent)
                              QStringLiteral("Edit Details"), this))
     , m_saveButton(barButton(QStringLiteral("square.arrow.down"), QStringLiteral("Save"), this))
     , m_textView(new platform::TextView(this))
-    , m_textStorage(new CodeAttributedString(*m_textView)) {
+    , m_textStorage(new CodeAttributedString(*m_textView))
+    , m_timer(platform::Timer::Kind::Repeating, autoSaveInterval, [this] { autoSave(); }) {
     m_textStorage->setParent(this);
     m_textView->setFrameShape(QFrame::NoFrame);
     m_textView->setAccessibleName(QStringLiteral("Code"));
@@ -98,8 +99,6 @@ SnippetViewController::SnippetViewController(QWidget* parent)
     });
 
     setTheme(KeyStore::shared().codeTheme());
-    m_timer.setInterval(autoSaveInterval);
-    connect(&m_timer, &QTimer::timeout, this, &SnippetViewController::autoSave);
     m_timer.start();
     setSnippet(nullptr);
 }

@@ -3,9 +3,9 @@
 #include "Quillet/core/NavigationDelegates.h"
 #include "Quillet/core/Snippet.h"
 #include "Quillet/screens/CodeAttributedString.h"
+#include "platform/foundation/Timer.h"
 #include "platform/screens/TextView.h"
 
-#include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
 
 #include <functional>
@@ -63,7 +63,7 @@ private:
     QToolButton* m_saveButton;
     platform::TextView* m_textView;
     CodeAttributedString* m_textStorage;
-    QTimer m_timer;
+    platform::Timer m_timer; // auto-save
 };
 
 } // namespace quillet
