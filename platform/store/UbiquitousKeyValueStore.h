@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QJsonObject>
+#include <QtCore/QHash>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
@@ -9,29 +9,49 @@
 
 namespace platform {
 
-// Small settings by key: strings, integers, booleans and dictionaries of these. Kept in one JSON file, which
-// synchronize() replaces as a whole. Any thread.
+// Small settings by key, each a property list (PropertyList.h says what may be one). All are in memory; one
+// JSON file keeps them, which synchronize() replaces as a whole. Any thread; no reader waits for the disk. A
+// read is a look-up in a hash and converts nothing.
 class UbiquitousKeyValueStore {
 public:
-    // A file that is missing or no JSON object reads as empty; one that is no JSON object is kept beside
-    // the new one, with the suffix ".unreadable".
+    // A file that is missing reads as empty. One that holds no settings (no JSON object, too deep, too large,
+    // not readable) does so too, and is kept beside the new one, with the suffix ".unreadable".
     explicit UbiquitousKeyValueStore(QString path);
 
-    // A null QVariant where the key is absent.
+    // A null QVariant where the key is absent or its value is null.
     QVariant object(const QString& key) const;
-    // Absent as well where the value has another type.
+    // These are absent as well where the value has another type, however close.
     std::optional<QString> string(const QString& key) const;
     std::optional<qint64> integer(const QString& key) const;
+    std::optional<bool> boolean(const QString& key) const;
+    std::optional<QVariantMap> dictionary(const QString& key) const;
 
-    // Visible at once; on disk after synchronize(). A null QVariant is kept as null and reads as absent.
+    // Visible at once; on disk after synchronize(). A value that is no property list is a fault of the
+    // program. A QVariant without a value is kept as null.
     void setObject(const QString& key, const QVariant& value);
-    // False where the file could not be written; the values stay in memory for the next try.
+    void setString(const QString& key, const QString& value);
+    void setBool(const QString& key, bool value);
+
+    // True once all that was set before the call is on the disk. Touches no file where nothing was set since
+    // the last time. False where the file could not be written; the values stay in memory for the next try.
     bool synchronize();
 
 private:
-    QString m_path;
-    mutable std::mutex m_mutex; // guards what follows and the file
-    QJsonObject m_values;
+    template <typename T>
+    std::optional<T> valueAs(const QString& key) const;
+
+    bool load();
+    bool moveAside() const;
+
+    const QString m_path;
+
+    mutable std::mutex m_mutex; // guards these two; held for moments only
+    QHash<QString, QVariant> m_values;
+    quint64 m_revision = 0; // counts the values set
+
+    std::mutex m_fileMutex; // guards these two and the file; taken before m_mutex
+    quint64 m_writtenRevision = 0;
+    bool m_isFileInTheWay = false; // an unreadable file that could not be moved aside yet
 };
 
 } // namespace platform
