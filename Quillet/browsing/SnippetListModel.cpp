@@ -75,7 +75,7 @@ SnippetListModel::Items languageGroups(const SnippetListModel::Snippets& snippet
 } // namespace
 
 bool comesBefore(const Snippet& a, const Snippet& b) {
-    if (UserSettings::shared().sortIndex() != 0) return titlePrecedes(a.title(), b.title());
+    if (UserSettings::shared().sortIndex.value() != 0) return titlePrecedes(a.title(), b.title());
     // Two readings of the clock: the second is never earlier, so two snippets without a date are in no order.
     const auto first = a.lastUpdate().value_or(QDateTime::currentDateTimeUtc());
     const auto second = b.lastUpdate().value_or(QDateTime::currentDateTimeUtc());

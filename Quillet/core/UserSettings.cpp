@@ -1,18 +1,12 @@
 #include "Quillet/core/UserSettings.h"
 
 #include "Quillet/core/DataDirectory.h"
+#include "Quillet/core/FontDescriptor.h"
 #include "platform/foundation/NeverDestroyed.h"
 
 #include <QtCore/QDir>
 
 namespace quillet {
-
-namespace {
-
-const QString lastLanguageKey = QStringLiteral("LastUsedLanguage");
-const QString sortIndexKey = QStringLiteral("SnippetSort");
-
-} // namespace
 
 platform::UbiquitousKeyValueStore& defaultKeyValueStore() {
     static platform::NeverDestroyed<platform::UbiquitousKeyValueStore> store(
@@ -21,29 +15,21 @@ platform::UbiquitousKeyValueStore& defaultKeyValueStore() {
 }
 
 UserSettings& UserSettings::shared() {
-    static UserSettings settings(defaultKeyValueStore());
-    return settings;
+    static platform::NeverDestroyed<UserSettings> settings(defaultKeyValueStore());
+    return settings.get();
 }
 
 UserSettings::UserSettings(platform::UbiquitousKeyValueStore& store)
-    : m_store(&store) {}
+    : lastLanguage(QStringLiteral("LastUsedLanguage"), std::nullopt, store)
+    , snippetsMigrated(QStringLiteral("SnippetsMigrated"), false, store)
+    , sortIndex(QStringLiteral("SnippetSort"), 1, store)
+    , fontSize(QStringLiteral("EditorFontSize"), 14, store)
+    , fontDescriptor(QStringLiteral("Font"), std::nullopt, store) {}
 
-std::optional<QString> UserSettings::lastLanguage() const {
-    return m_store->string(lastLanguageKey);
-}
-
-void UserSettings::setLastLanguage(const QString& language) {
-    m_store->setObject(lastLanguageKey, language);
-    m_store->synchronize();
-}
-
-qint64 UserSettings::sortIndex() const {
-    return m_store->integer(sortIndexKey).value_or(1);
-}
-
-void UserSettings::setSortIndex(qint64 index) {
-    m_store->setObject(sortIndexKey, index);
-    m_store->synchronize();
+QFont UserSettings::font() const {
+    const auto attributes = fontDescriptor.value();
+    return attributes ? fontFromDescriptor(*attributes, fontSize.value())
+                      : monospacedSystemFont(fontSize.value());
 }
 
 } // namespace quillet

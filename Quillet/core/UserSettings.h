@@ -1,8 +1,10 @@
 #pragma once
 
-#include "platform/store/UbiquitousKeyValueStore.h"
+#include "Quillet/core/Ubiquitous.h"
 
 #include <QtCore/QString>
+#include <QtCore/QVariantMap>
+#include <QtGui/QFont>
 
 #include <optional>
 
@@ -10,6 +12,10 @@ namespace quillet {
 
 // The store of all settings, in the data directory. Made once; any thread.
 platform::UbiquitousKeyValueStore& defaultKeyValueStore();
+
+// Posted without an object on the default notification centre by who changed fontSize or fontDescriptor.
+// No other setting tells of its changes.
+inline const QString reloadTextViewNotification = QStringLiteral("SReloadTextView");
 
 // Settings of the user. No value is kept here: each read goes to the store, each write synchronises it.
 class UserSettings {
@@ -19,15 +25,18 @@ public:
     explicit UserSettings(platform::UbiquitousKeyValueStore& store);
 
     // The language of the last new snippet.
-    std::optional<QString> lastLanguage() const;
-    void setLastLanguage(const QString& language);
+    Ubiquitous<std::optional<QString>> lastLanguage;
+    // Whether the library of an older program has been taken over.
+    Ubiquitous<bool> snippetsMigrated;
+    // 0 puts what was modified last first; any other value orders by title.
+    Ubiquitous<qint64> sortIndex;
+    // In points.
+    Ubiquitous<qint64> fontSize;
+    // FontDescriptor.h tells the attributes.
+    Ubiquitous<std::optional<QVariantMap>> fontDescriptor;
 
-    // 0 puts what was modified last first; any other value orders by title. 1 where nothing is stored.
-    qint64 sortIndex() const;
-    void setSortIndex(qint64 index);
-
-private:
-    platform::UbiquitousKeyValueStore* m_store;
+    // The editor's: what fontDescriptor describes, else the monospaced system font, at fontSize. Main thread.
+    QFont font() const;
 };
 
 } // namespace quillet

@@ -107,7 +107,7 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
         m_notesField->setPlainText(m_snippet->notes());
         showLanguage(m_snippet->language().value_or(QString()));
     } else {
-        showLanguage(UserSettings::shared().lastLanguage().value_or(QString()));
+        showLanguage(UserSettings::shared().lastLanguage.value().value_or(QString()));
     }
 }
 
@@ -151,7 +151,7 @@ void SnippetDetailsViewController::save() {
     if (const auto code = importedCode()) m_snippet->setCode(*code);
     SnippetService().save(m_snippet);
     if (isNew) {
-        UserSettings::shared().setLastLanguage(m_language);
+        UserSettings::shared().lastLanguage.set(m_language);
         if (delegate) delegate->didCreate(m_snippet);
     } else if (editDelegate) {
         editDelegate->didEdit(m_snippet);

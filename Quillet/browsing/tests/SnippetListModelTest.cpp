@@ -102,7 +102,7 @@ TEST_F(SnippetListModelTest, TheOrderByDateTakesHoldAtTheNextRebuild) {
     add(QStringLiteral("d"));
     save();
     SnippetListModel model;
-    UserSettings::shared().setSortIndex(0);
+    UserSettings::shared().sortIndex.set(0);
     EXPECT_EQ(leavesOf(*model.languageItems.value()[0]).first(), QStringLiteral("a"));
     model.rebuild(model.snippets(), model.folders(), model.tags());
     EXPECT_EQ(

@@ -1,8 +1,6 @@
 #include "Quillet/core/Folder.h"
-#include "Quillet/core/KeyStore.h"
 #include "Quillet/core/LibraryModel.h"
 #include "Quillet/core/Snippet.h"
-#include "Quillet/core/UserSettings.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 
 #include <QtCore/QDir>
@@ -110,16 +108,6 @@ TEST_F(CoreDataStackTest, HealthTellsOfAFailedSaveAndOfTheNextThatWorks) {
     EXPECT_FALSE(CoreDataStack::shared().health().value().saveError);
     CoreDataStack reopened(storePath);
     EXPECT_EQ(count<Snippet>(reopened.viewContext()), 1U);
-}
-
-TEST_F(CoreDataStackTest, SettingsFallBackOnTheirDefaults) {
-    EXPECT_EQ(UserSettings::shared().sortIndex(), 1);
-    EXPECT_EQ(UserSettings::shared().lastLanguage(), std::nullopt);
-    EXPECT_EQ(KeyStore::shared().codeTheme(), QStringLiteral("xcode"));
-    UserSettings::shared().setSortIndex(0);
-    EXPECT_EQ(UserSettings::shared().sortIndex(), 0);
-    defaultKeyValueStore().setObject(QStringLiteral("SnippetSort"), QStringLiteral("0"));
-    EXPECT_EQ(UserSettings::shared().sortIndex(), 1);
 }
 
 } // namespace
