@@ -2,6 +2,8 @@
 
 #include "platform/foundation/NeverDestroyed.h"
 
+#include <utility>
+
 namespace platform {
 
 NotificationCenter& NotificationCenter::defaultCenter() {

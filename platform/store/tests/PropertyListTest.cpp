@@ -41,15 +41,4 @@ TEST(PropertyList, RefusesWhatAFileCouldNotGiveBack) {
     EXPECT_TRUE(propertyListFrom(nested(maximumPropertyListDepth)));
 }
 
-TEST(PropertyList, NoTypePassesForAnother) {
-    EXPECT_EQ(exactly<qint64>(QVariant(true)), std::nullopt);
-    EXPECT_EQ(exactly<qint64>(QVariant(QStringLiteral("1"))), std::nullopt);
-    EXPECT_EQ(exactly<qint64>(QVariant(1.0)), std::nullopt);
-    EXPECT_EQ(exactly<bool>(QVariant(qlonglong(1))), std::nullopt);
-    EXPECT_EQ(exactly<double>(QVariant(qlonglong(1))), std::nullopt);
-    EXPECT_EQ(exactly<QString>(QVariant(QByteArray("a"))), std::nullopt);
-    EXPECT_EQ(exactly<QVariantMap>(QVariant()), std::nullopt);
-    EXPECT_EQ(exactly<qint64>(QVariant(qlonglong(-1))), -1);
-}
-
 } // namespace
