@@ -35,9 +35,9 @@ ListItem::Children leavesOf(std::vector<Member> snippets) {
     return leaves;
 }
 
-std::vector<std::shared_ptr<Snippet>> membersOf(const QSet<platform::ManagedObject*>& set) {
+std::vector<std::shared_ptr<Snippet>> membersOf(const platform::ObjectSet& set) {
     std::vector<std::shared_ptr<Snippet>> members;
-    members.reserve(static_cast<std::size_t>(set.size()));
+    members.reserve(set.size());
     for (auto* object : set)
         members.push_back(std::static_pointer_cast<Snippet>(object->shared_from_this()));
     return members;

@@ -2,15 +2,15 @@
 
 #include "Quillet/core/SaveReason.h"
 #include "platform/foundation/Observable.h"
-#include "platform/store/ManagedObjectContext.h"
+#include "platform/store/PersistentContainer.h"
 
 #include <memory>
 #include <optional>
 
 namespace quillet {
 
-// The owner of the one store and its main context. A process-wide shared instance; main thread, but for its
-// making.
+// The owner of the one container and its main context. A process-wide shared instance; main thread, but for
+// its making.
 class CoreDataStack {
 public:
     // What the store is good for right now; a screen may tell the user.
@@ -22,11 +22,13 @@ public:
     static CoreDataStack& shared();
 
     // For a store elsewhere than in the data directory.
-    explicit CoreDataStack(QString storePath);
+    explicit CoreDataStack(QString directory);
 
-    // Checks and loads the store at first use. The context works without a store, too: lists are empty then,
-    // and every save fails.
-    platform::ManagedObjectContext& viewContext();
+    // Checks and loads the store at first use. The container works without a store, too: lists are empty
+    // then, and every save fails.
+    platform::PersistentContainer& cloudKitContainer();
+
+    platform::ManagedObjectContext& viewContext() { return cloudKitContainer().viewContext(); }
 
     // Logs the reason and saves; never skipped, also with nothing to save. A failure leaves all changes
     // pending for the next save and shows in health().
@@ -39,13 +41,15 @@ public:
 
     platform::Observable<Health>& health() { return m_health; }
 
+    // Declared state without effect: nothing reads or writes it. A failed load shows in health().
+    bool failedOnce = false;
+
 private:
     void build();
-    void checkStore();
-    platform::StoreResult<void> loadStore();
+    void finishLoading(const std::optional<platform::StoreError>& error);
 
-    QString m_storePath;
-    std::unique_ptr<platform::ManagedObjectContext> m_viewContext;
+    QString m_directory;
+    std::unique_ptr<platform::PersistentContainer> m_container;
     platform::Observable<Health> m_health;
 };
 

@@ -13,8 +13,7 @@ FolderService& FolderService::shared() {
 }
 
 void FolderService::remove(Folder& folder, Snippets snippets) {
-    const auto members = folder.toMany(Folder::Snippets); // a copy: the loop changes the set
-    for (auto* snippet : members) {
+    for (auto* snippet : folder.toMany(Folder::Snippets).toVector()) {
         if (snippets == Snippets::Delete)
             m_stack->viewContext().deleteObject(*snippet);
         else

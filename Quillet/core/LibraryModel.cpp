@@ -13,6 +13,7 @@ using platform::AttributeType;
 using platform::Cardinality;
 using platform::DeleteRule;
 using platform::EntityDescription;
+using platform::Loading;
 using platform::Presence;
 
 namespace {
@@ -33,7 +34,7 @@ std::vector<EntityDescription> describeEntities() {
           {QStringLiteral("lastUpdate"), AttributeType::Date, Presence::Optional},
           {QStringLiteral("title"), AttributeType::String, Presence::Required},
           {QStringLiteral("notes"), AttributeType::String, Presence::Optional},
-          {QStringLiteral("code"), AttributeType::String, Presence::Required},
+          {QStringLiteral("code"), AttributeType::String, Presence::Required, {}, Loading::OnDemand},
           {QStringLiteral("language"), AttributeType::String, Presence::Optional}},
          {{QStringLiteral("folder"), folder, QStringLiteral("snippets"), Cardinality::ToOne},
           {QStringLiteral("tags"), tag, QStringLiteral("snippets"), Cardinality::ToMany},
@@ -41,7 +42,7 @@ std::vector<EntityDescription> describeEntities() {
            DeleteRule::Cascade}},
          make(std::type_identity<Snippet>{})},
         {segment,
-         {{QStringLiteral("code"), AttributeType::String, Presence::Optional},
+         {{QStringLiteral("code"), AttributeType::String, Presence::Optional, {}, Loading::OnDemand},
           {QStringLiteral("creationDate"), AttributeType::Date, Presence::Optional,
            [] { return QVariant(QDateTime::currentDateTimeUtc()); }},
           {QStringLiteral("title"), AttributeType::String, Presence::Optional}},

@@ -10,8 +10,8 @@
 
 namespace quillet {
 
-// A live array of all objects of one entity, in no particular order. After each save that touches the entity
-// the whole array is replaced, in a later turn of the main loop. Main thread.
+// A live array of all objects of one entity, in no particular order. After each save or merge that touches
+// the entity the whole array is replaced, in a later turn of the main loop. Main thread.
 template <typename T>
 class Repository {
 public:
@@ -25,6 +25,7 @@ public:
               std::make_shared<State>(platform::FetchRequest{T().entity().name, std::move(sortDescriptors),
                                                              std::move(predicate), fetchLimit},
                                       context)) {
+        m_state->controller.performFetch();
         // The scheduled step keeps the state alive for its turn.
         m_state->controller.setDidChangeContent([state = std::weak_ptr(m_state)] {
             platform::dispatchToMain([state = state.lock()] {

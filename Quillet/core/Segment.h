@@ -2,6 +2,10 @@
 
 #include "platform/store/ManagedObject.h"
 
+#include <QtCore/QDateTime>
+
+#include <optional>
+
 namespace quillet {
 
 // A further named text of a snippet. Main thread.
@@ -11,7 +15,21 @@ public:
 
     enum Relationship : qsizetype { OfSnippet };
 
+    // Detached, created at this moment.
     Segment();
+
+    QString title() const { return value(Title).toString(); }
+
+    void setTitle(const QString& title) { setValue(Title, title); }
+
+    // Read from the store when asked for.
+    QString code() const { return value(Code).toString(); }
+
+    void setCode(const QString& code) { setValue(Code, code); }
+
+    std::optional<QDateTime> creationDate() const {
+        return value(CreationDate).isNull() ? std::nullopt : std::optional(value(CreationDate).toDateTime());
+    }
 };
 
 } // namespace quillet

@@ -36,7 +36,11 @@ public:
         setValue(Notes, notes ? QVariant(*notes) : QVariant());
     }
 
+    // Read from the store when asked for; empty as well where that fails, see readCode().
     QString code() const { return value(Code).toString(); }
+
+    // For who may write the text back: an error where the store cannot be read.
+    platform::StoreResult<QString> readCode() const;
 
     void setCode(const QString& code) { setValue(Code, code); }
 
@@ -53,6 +57,9 @@ public:
     }
 
     Folder* folder() const;
+
+    // By creation date, ascending; a segment without one counts as created at this moment.
+    std::vector<std::shared_ptr<Segment>> sortedSegments() const;
 };
 
 } // namespace quillet

@@ -13,8 +13,7 @@ TagService& TagService::shared() {
 }
 
 void TagService::remove(Tag& tag, Snippets snippets) {
-    const auto members = tag.toMany(Tag::Snippets); // a copy: the loop changes the set
-    for (auto* snippet : members) {
+    for (auto* snippet : tag.toMany(Tag::Snippets).toVector()) {
         if (snippets == Snippets::Delete)
             m_stack->viewContext().deleteObject(*snippet);
         else

@@ -27,6 +27,8 @@ using namespace std::chrono_literals;
 
 const QString emptyText =
     QStringLiteral("Enter text here to start creating a snippet, or select one from the list.");
+const QString unreadableText =
+    QStringLiteral("The text of this snippet cannot be read: %1. Select it again to try again.");
 const QString placeholder = QStringLiteral("// Tap to add code");
 
 constexpr auto autoSaveInterval = 20s;
@@ -146,8 +148,13 @@ void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
     m_snippetNameLabel->setText(present ? m_snippet->title() : QString());
     m_notesLabel->setText(present ? m_snippet->notes() : QString());
     m_notesLabel->setVisible(!m_notesLabel->text().isEmpty());
-    m_textView->setPlaceholderText(present ? placeholder : emptyText);
-    m_textView->setText(present ? m_snippet->code() : QString());
+    const auto code = present ? m_snippet->readCode() : QString();
+    // What cannot be read now must not be written over later.
+    m_textView->setEnabled(code.has_value());
+    m_textView->setPlaceholderText(!code     ? unreadableText.arg(code.error().message)
+                                   : present ? placeholder
+                                             : emptyText);
+    m_textView->setText(code.value_or(QString()));
     if (present) m_selectedLanguage = m_snippet->language().value_or(QString());
     showValue(m_languageButton, m_selectedLanguage);
     m_textStorage->setLanguage(m_selectedLanguage.isEmpty() ? std::nullopt
@@ -157,8 +164,12 @@ void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
 void SnippetViewController::saveContents(Silent silent) {
     if (!m_snippet) createFromText();
     if (!m_snippet) return;
-    // A snippet that was deleted elsewhere keeps its text on screen, and there is nothing to write it to.
-    if (m_snippet->context()) m_snippet->setCode(m_textView->text());
+    // A snippet that was deleted elsewhere keeps its text on screen, and there is nothing to write it to. A
+    // text that nobody touched here may have a newer one in the store.
+    if (m_snippet->context() && m_textView->document()->isModified()) {
+        m_snippet->setCode(m_textView->text());
+        m_textView->document()->setModified(false);
+    }
     CoreDataStack::shared().save(SaveReason::AddedSnippet);
     if (silent == Silent::Yes) return;
     if (delegate) delegate->didEdit(m_snippet);
@@ -175,8 +186,7 @@ void SnippetViewController::createFromText() {
 }
 
 void SnippetViewController::autoSave() {
-    if (m_snippet && m_snippet->context() && m_snippet->code() != m_textView->text())
-        saveContents(Silent::No);
+    if (m_snippet && m_snippet->context() && m_textView->document()->isModified()) saveContents(Silent::No);
 }
 
 void SnippetViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {

@@ -5,8 +5,8 @@ namespace platform {
 FetchedResultsController::FetchedResultsController(FetchRequest request, ManagedObjectContext& context)
     : m_request(std::move(request))
     , m_context(&context)
-    , m_saves(context.onSave([this](const SavedChanges& saved) {
-        if (!saved.touches(m_request.entity)) return;
+    , m_changes(context.onChange([this](const ContextChanges& changes) {
+        if (!changes.touches(m_request.entity)) return;
         performFetch();
         if (m_didChangeContent) m_didChangeContent();
     })) {}

@@ -4,8 +4,8 @@
 
 namespace platform {
 
-// The objects of one fetch request, kept up to date: one change event a save that touches their entity.
-// Main thread; outlived by its context.
+// The objects of one fetch request, kept up to date: one change event a save or merge that touches their
+// entity. Main thread; outlived by its context.
 class FetchedResultsController {
 public:
     using Objects = std::vector<std::shared_ptr<ManagedObject>>;
@@ -17,7 +17,7 @@ public:
 
     const Objects& fetchedObjects() const { return m_objects; }
 
-    // Called inside the save, after fetchedObjects() is up to date.
+    // Called inside the save or the merge, after fetchedObjects() is up to date.
     void setDidChangeContent(std::function<void()> handler) { m_didChangeContent = std::move(handler); }
 
 private:
@@ -25,7 +25,7 @@ private:
     ManagedObjectContext* m_context;
     Objects m_objects;
     std::function<void()> m_didChangeContent;
-    Subscription m_saves;
+    Subscription m_changes;
 };
 
 } // namespace platform

@@ -13,33 +13,69 @@ ManagedObject::ManagedObject(const EntityDescription& entity)
         if (const auto& makeDefault = entity.attributes[i].makeDefault) m_values[i] = makeDefault();
 }
 
+bool ManagedObject::isFault(qsizetype attribute) const {
+    return m_values[static_cast<std::size_t>(attribute)].metaType() == QMetaType::fromType<Fault>();
+}
+
+qsizetype ManagedObject::loadedBytes() const {
+    qsizetype bytes = 0;
+    for (std::size_t i = 0; i < m_values.size(); ++i) {
+        if (m_entity->attributes[i].loading == Loading::WithObject) continue;
+        if (m_values[i].typeId() == QMetaType::QString) bytes += m_values[i].toString().size() * 2;
+        if (m_values[i].typeId() == QMetaType::QByteArray) bytes += m_values[i].toByteArray().size();
+    }
+    return bytes;
+}
+
+void ManagedObject::turnIntoFaults() const {
+    for (std::size_t i = 0; i < m_values.size(); ++i)
+        if (m_entity->attributes[i].loading == Loading::OnDemand) m_values[i] = QVariant::fromValue(Fault{});
+}
+
+QVariant ManagedObject::value(qsizetype attribute) const {
+    if (!isFault(attribute)) return m_values[static_cast<std::size_t>(attribute)];
+    return readValue(attribute).value_or(QVariant());
+}
+
+StoreResult<QVariant> ManagedObject::readValue(qsizetype attribute) const {
+    if (!isFault(attribute)) return m_values[static_cast<std::size_t>(attribute)];
+    if (!m_context)
+        return std::unexpected(
+            StoreError{StoreError::Kind::Missing, QStringLiteral("the object is no longer in the store")});
+    return m_context->fulfilFault(*this, attribute);
+}
+
 void ManagedObject::setValue(qsizetype attribute, QVariant value) {
+    if (m_context) m_context->prepareChange(*this);
     auto& current = m_values[static_cast<std::size_t>(attribute)];
     if (current.isNull() == value.isNull() && current == value) return;
     current = std::move(value);
-    if (m_context) m_context->noteAttributeChange(*this, attribute);
+    if (m_context) m_context->noteUpdate(*this, attribute);
 }
 
 ManagedObject* ManagedObject::toOne(qsizetype relationship) const {
     relationshipAt(relationship, Cardinality::ToOne);
     const auto& related = m_related[static_cast<std::size_t>(relationship)];
-    return related.isEmpty() ? nullptr : *related.constBegin();
+    return related.isEmpty() ? nullptr : *related.begin();
 }
 
 void ManagedObject::setToOne(qsizetype relationship, ManagedObject* target) {
     ManagedObject* current = toOne(relationship);
     if (current == target) return;
+    if (m_context && target) m_context->prepareChange(*this);
     if (current) unlink(relationship, *current);
     if (target) link(relationship, *target);
 }
 
-const QSet<ManagedObject*>& ManagedObject::toMany(qsizetype relationship) const {
+const ObjectSet& ManagedObject::toMany(qsizetype relationship) const {
     relationshipAt(relationship, Cardinality::ToMany);
     return m_related[static_cast<std::size_t>(relationship)];
 }
 
 void ManagedObject::addToMany(qsizetype relationship, ManagedObject& target) {
-    if (!toMany(relationship).contains(&target)) link(relationship, target);
+    if (toMany(relationship).contains(&target)) return;
+    if (m_context) m_context->prepareChange(target);
+    link(relationship, target);
 }
 
 void ManagedObject::removeFromMany(qsizetype relationship, ManagedObject& target) {
@@ -53,26 +89,36 @@ const RelationshipDescription& ManagedObject::relationshipAt(qsizetype index, Ca
     return relationship;
 }
 
+qsizetype ManagedObject::inverseOf(qsizetype relationship) const {
+    return m_context->model().inverseIndex(m_entity->relationships[static_cast<std::size_t>(relationship)]);
+}
+
+bool ManagedObject::isToOneAt(qsizetype relationship) const {
+    return m_entity->relationships[static_cast<std::size_t>(relationship)].cardinality == Cardinality::ToOne;
+}
+
 void ManagedObject::link(qsizetype relationship, ManagedObject& target) {
     requireSameContext(target);
-    const auto& description = m_entity->relationships[static_cast<std::size_t>(relationship)];
-    const qsizetype inverse = m_context->model().inverseIndex(description);
-    const auto inverseCardinality =
-        target.m_entity->relationships[static_cast<std::size_t>(inverse)].cardinality;
-    auto& back = target.m_related[static_cast<std::size_t>(inverse)];
-    if (inverseCardinality == Cardinality::ToOne && !back.isEmpty())
-        target.unlink(inverse, **back.constBegin());
-    m_related[static_cast<std::size_t>(relationship)].insert(&target);
-    back.insert(this);
+    const qsizetype inverse = inverseOf(relationship);
+    const auto& back = target.m_related[static_cast<std::size_t>(inverse)];
+    if (target.isToOneAt(inverse) && !back.isEmpty()) target.unlink(inverse, **back.begin());
+    connect(relationship, target);
     m_context->noteRelationChange(*this, relationship, target, inverse);
 }
 
 void ManagedObject::unlink(qsizetype relationship, ManagedObject& target) {
-    const auto& description = m_entity->relationships[static_cast<std::size_t>(relationship)];
-    const qsizetype inverse = m_context->model().inverseIndex(description);
+    disconnect(relationship, target);
+    m_context->noteRelationChange(*this, relationship, target, inverseOf(relationship));
+}
+
+void ManagedObject::connect(qsizetype relationship, ManagedObject& target) {
+    m_related[static_cast<std::size_t>(relationship)].insert(&target);
+    target.m_related[static_cast<std::size_t>(inverseOf(relationship))].insert(this);
+}
+
+void ManagedObject::disconnect(qsizetype relationship, ManagedObject& target) {
     m_related[static_cast<std::size_t>(relationship)].remove(&target);
-    target.m_related[static_cast<std::size_t>(inverse)].remove(this);
-    m_context->noteRelationChange(*this, relationship, target, inverse);
+    target.m_related[static_cast<std::size_t>(inverseOf(relationship))].remove(this);
 }
 
 void ManagedObject::requireSameContext(const ManagedObject& other) const {

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "platform/store/ManagedObjectModel.h"
+#include "platform/store/ObjectSet.h"
+#include "platform/store/StoreError.h"
 
-#include <QtCore/QSet>
 #include <QtCore/QUuid>
 #include <QtCore/QVariant>
 
@@ -16,9 +17,9 @@ class ManagedObjectContext;
 
 // One stored object: attribute values and relations to other objects of the same context.
 //
-// An object is detached until a context inserts it, and again after its deletion was saved; a detached object
-// keeps its values and has no relations. Setting one end of a relationship sets the other. Main thread.
-// Owned by its context and whoever else holds it; relations do not own.
+// An object is detached until a context inserts it, and again once its deletion is known; a detached object
+// keeps the values that were in memory and has no relations. Setting one end of a relationship sets the
+// other. Main thread. Owned by its context and whoever else holds it; relations do not own.
 class ManagedObject : public std::enable_shared_from_this<ManagedObject> {
 public:
     // Detached, with the entity's defaults. `entity` outlives the object.
@@ -35,8 +36,17 @@ public:
     // The identity of the object on every device; fixed for life.
     const QUuid& objectID() const { return m_objectID; }
 
-    // A null QVariant is an absent value.
-    const QVariant& value(qsizetype attribute) const { return m_values[static_cast<std::size_t>(attribute)]; }
+    // A null QVariant is an absent value. A value that is loaded on demand is read from the store here, and
+    // is null as well where that fails: who would write it back asks readValue() instead.
+    QVariant value(qsizetype attribute) const;
+
+    // Error: the store cannot be read now, or the object is gone from it.
+    StoreResult<QVariant> readValue(qsizetype attribute) const;
+
+    // Whether the value is known to be absent. Reads nothing: a value in the store only counts as there.
+    bool isAbsent(qsizetype attribute) const {
+        return m_values[static_cast<std::size_t>(attribute)].isNull();
+    }
 
     // Setting an equal value changes nothing.
     void setValue(qsizetype attribute, QVariant value);
@@ -45,27 +55,41 @@ public:
     ManagedObject* toOne(qsizetype relationship) const;
     void setToOne(qsizetype relationship, ManagedObject* target);
 
-    // The members in no particular order.
-    const QSet<ManagedObject*>& toMany(qsizetype relationship) const;
+    // The members in no particular order; the set changes with the relation.
+    const ObjectSet& toMany(qsizetype relationship) const;
     // Adding a member that is there, or removing one that is not, changes nothing.
     void addToMany(qsizetype relationship, ManagedObject& target);
     void removeFromMany(qsizetype relationship, ManagedObject& target);
 
 private:
     friend class ManagedObjectContext;
+    friend class RemoteMerge;
 
+    // Stands for a value that is in the store and not in memory.
+    struct Fault {};
+
+    bool isFault(qsizetype attribute) const;
+    // Of the values that are loaded on demand: the size of those in memory, and giving up all of them.
+    qsizetype loadedBytes() const;
+    void turnIntoFaults() const;
     const RelationshipDescription& relationshipAt(qsizetype index, Cardinality expected) const;
+    qsizetype inverseOf(qsizetype relationship) const;
+    bool isToOneAt(qsizetype relationship) const;
+
+    // link and unlink are changes that a save will write; connect and disconnect only set both ends.
     void link(qsizetype relationship, ManagedObject& target);
     void unlink(qsizetype relationship, ManagedObject& target);
+    void connect(qsizetype relationship, ManagedObject& target);
+    void disconnect(qsizetype relationship, ManagedObject& target);
     void requireSameContext(const ManagedObject& other) const;
 
     const EntityDescription* m_entity;
     ManagedObjectContext* m_context = nullptr;
     std::uint64_t m_sequence = 0; // its place among the context's objects
     QUuid m_objectID = QUuid::createUuid();
-    std::vector<QVariant> m_values;
+    mutable std::vector<QVariant> m_values;
     // One set a relationship; a to-one set has at most one member.
-    std::vector<QSet<ManagedObject*>> m_related;
+    std::vector<ObjectSet> m_related;
 };
 
 } // namespace platform

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Observable.h"
 #include "platform/store/ManagedObject.h"
+#include "platform/store/PendingChanges.h"
 #include "platform/store/SqliteStore.h"
 #include "platform/store/StoreError.h"
 
@@ -16,6 +17,8 @@
 
 namespace platform {
 
+class StoreWatcher;
+
 struct SortDescriptor {
     qsizetype attribute = 0;
     Qt::SortOrder order = Qt::AscendingOrder;
@@ -28,19 +31,13 @@ struct FetchRequest {
     std::optional<qsizetype> limit;
 };
 
-// What one save wrote.
-struct SavedChanges {
-    std::vector<std::shared_ptr<ManagedObject>> inserted;
-    std::vector<std::shared_ptr<ManagedObject>> updated;
-    std::vector<std::shared_ptr<ManagedObject>> deleted;
-
-    bool touches(const QString& entity) const;
-};
-
 // The main context: all objects of one store, with the changes that no save has written yet.
 //
-// The object graph is read whole when the context gets its store. A failed save writes nothing and keeps
-// every change pending, so the next save that works carries them. Main thread.
+// The object graph is read whole when the context gets its store, but for the values that are loaded on
+// demand: these are read when asked for, and those that are as stored are given up again when they grow too
+// many. A failed save writes nothing and keeps every change pending, so the next save that works carries
+// them. What another connection wrote is merged property by property: a property with a pending change keeps
+// it, and an object with pending changes that the other deleted is written anew. Main thread.
 class ManagedObjectContext {
 public:
     explicit ManagedObjectContext(std::shared_ptr<const ManagedObjectModel> model);
@@ -63,40 +60,61 @@ public:
     // Pending objects included, pending deletions not. Without sort descriptors in order of creation.
     std::vector<std::shared_ptr<ManagedObject>> fetch(const FetchRequest& request) const;
 
-    bool hasChanges() const;
-    // One transaction with all that changed; touches no page when nothing did.
+    bool hasChanges() const { return !m_pending.isEmpty(); }
+
+    // One transaction with all that changed, after a merge of what others wrote before; touches no page when
+    // nothing did.
     StoreResult<void> save();
 
-    // Told after each save that wrote something.
-    Subscription onSave(std::function<void(const SavedChanges&)> observer);
+    // Takes in what other connections have written. Error: Busy where one of them is writing right now.
+    StoreResult<void> mergeChanges();
+    // Whether that happens by itself, soon after another connection, of whatever process, has written.
+    void setAutomaticallyMergesChangesFromParent(bool automatically);
+
+    // Told after each save and each merge that changed something.
+    Subscription onChange(std::function<void(const ContextChanges&)> observer);
 
 private:
     friend class ManagedObject;
+    friend class RemoteMerge;
 
-    void noteAttributeChange(ManagedObject& object, qsizetype attribute);
+    // Of a managed object, about itself. Before a change the object is read whole, so that it can be written
+    // anew if another connection deletes it meanwhile.
+    void prepareChange(const ManagedObject& object);
+
+    void noteUpdate(ManagedObject& object, qsizetype column) { m_pending.update(object, column); }
+
     void noteRelationChange(ManagedObject& source, qsizetype relationship, ManagedObject& target,
-                            qsizetype inverse);
-    void noteUpdate(ManagedObject& object, qsizetype column);
+                            qsizetype inverse) {
+        m_pending.updateRelation(source, relationship, target, inverse);
+    }
+
+    StoreResult<QVariant> fulfilFault(const ManagedObject& object, qsizetype attribute);
+
     void adopt(std::shared_ptr<ManagedObject> object);
+    void release(ManagedObject& object);
+    std::shared_ptr<ManagedObject> makeObject(StoreRow row) const;
     StoreResult<void> loadGraph(SqliteStore& store);
-    std::optional<StoreError> missingValue() const;
-    StoreChanges pendingChanges() const;
-    SavedChanges takePending();
+
+    void noteLoaded(const ManagedObject& object);
+    void giveUpLoadedValues(const ManagedObject& inUse);
 
     std::shared_ptr<const ManagedObjectModel> m_model;
     std::unique_ptr<SqliteStore> m_store;
+    std::unique_ptr<StoreWatcher> m_watcher;
 
     // By entity and by the order in which they came in, which is what a fetch without sorting yields.
     std::map<QString, std::map<std::uint64_t, std::shared_ptr<ManagedObject>>> m_objects;
+    QHash<QUuid, ManagedObject*> m_byID;
     std::uint64_t m_nextSequence = 0;
 
-    // Pending until the next save that works.
-    QHash<ManagedObject*, std::shared_ptr<ManagedObject>> m_inserted;
-    QHash<ManagedObject*, QSet<qsizetype>> m_updated; // changed columns, see StoreChanges
-    QHash<ManagedObject*, std::shared_ptr<ManagedObject>> m_deleted;
-    QHash<JoinRow, bool> m_joins; // true: must be there after the save
+    PendingChanges m_pending;
 
-    Signal<SavedChanges> m_saves;
+    // Objects with values in memory that are loaded on demand, and the size of these in bytes.
+    std::vector<std::weak_ptr<const ManagedObject>> m_loaded;
+    qsizetype m_loadedBytes = 0;
+
+    Signal<ContextChanges> m_changes;
 };
 
 } // namespace platform

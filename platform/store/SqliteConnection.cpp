@@ -52,7 +52,7 @@ SqliteConnection::~SqliteConnection() {
 }
 
 StoreResult<std::unique_ptr<SqliteConnection>> SqliteConnection::open(const QString& path, Access access) {
-    if (access == Access::ReadOnly && !QFileInfo(path).isFile())
+    if (access != Access::ReadWrite && !QFileInfo(path).isFile())
         return std::unexpected(StoreError{StoreError::Kind::CannotOpen, QStringLiteral("no such file")});
     std::unique_ptr<SqliteConnection> connection(
         new SqliteConnection(QUuid::createUuid().toString(QUuid::WithoutBraces)));
@@ -65,10 +65,12 @@ StoreResult<std::unique_ptr<SqliteConnection>> SqliteConnection::open(const QStr
     return connection;
 }
 
-StoreResult<void> SqliteConnection::run(const QString& sql, const QVariantList& values) {
+StoreResult<std::shared_ptr<QSqlQuery>> SqliteConnection::start(const QString& sql,
+                                                                const QVariantList& values) {
     auto& prepared = m_prepared[sql];
     if (!prepared) {
         auto fresh = std::make_shared<QSqlQuery>(QSqlDatabase::database(m_name));
+        fresh->setForwardOnly(true);
         if (!fresh->prepare(sql)) {
             m_prepared.remove(sql);
             return failure(fresh->lastError());
@@ -77,27 +79,31 @@ StoreResult<void> SqliteConnection::run(const QString& sql, const QVariantList& 
     }
     for (qsizetype i = 0; i < values.size(); ++i)
         prepared->bindValue(static_cast<int>(i), values[i]);
-    const bool worked = prepared->exec();
+    if (prepared->exec()) return prepared;
     const QSqlError error = prepared->lastError();
     prepared->finish();
-    if (!worked) return failure(error);
-    return {};
+    return failure(error);
 }
 
-StoreResult<void> SqliteConnection::query(const QString& sql,
+StoreResult<void> SqliteConnection::run(const QString& sql, const QVariantList& values) {
+    return query(sql, values, [](const QSqlQuery&) {});
+}
+
+StoreResult<void> SqliteConnection::query(const QString& sql, const QVariantList& values,
                                           const std::function<void(const QSqlQuery&)>& each) {
-    QSqlQuery query(QSqlDatabase::database(m_name));
-    query.setForwardOnly(true);
-    if (!query.exec(sql)) return failure(query.lastError());
-    while (query.next())
-        each(query);
-    if (query.lastError().isValid()) return failure(query.lastError());
+    auto query = start(sql, values);
+    if (!query) return std::unexpected(query.error());
+    while ((*query)->next())
+        each(**query);
+    const QSqlError error = (*query)->lastError();
+    (*query)->finish();
+    if (error.isValid()) return failure(error);
     return {};
 }
 
-StoreResult<QVariant> SqliteConnection::scalar(const QString& sql) {
+StoreResult<QVariant> SqliteConnection::scalar(const QString& sql, const QVariantList& values) {
     std::optional<QVariant> first;
-    STORE_TRY(query(sql, [&first](const QSqlQuery& row) {
+    STORE_TRY(query(sql, values, [&first](const QSqlQuery& row) {
         if (!first) first = row.value(0);
     }));
     return first.value_or(QVariant());
@@ -116,7 +122,16 @@ StoreResult<void> SqliteConnection::setPragma(const QString& name, const QVarian
 }
 
 StoreResult<void> SqliteConnection::transaction(const std::function<StoreResult<void>()>& body) {
-    STORE_TRY(run(QStringLiteral("BEGIN IMMEDIATE")));
+    return bracket(QStringLiteral("BEGIN IMMEDIATE"), body);
+}
+
+StoreResult<void> SqliteConnection::readTransaction(const std::function<StoreResult<void>()>& body) {
+    return bracket(QStringLiteral("BEGIN"), body);
+}
+
+StoreResult<void> SqliteConnection::bracket(const QString& begin,
+                                            const std::function<StoreResult<void>()>& body) {
+    STORE_TRY(run(begin));
     auto result = body();
     if (result) result = run(QStringLiteral("COMMIT"));
     if (!result) {
@@ -124,6 +139,11 @@ StoreResult<void> SqliteConnection::transaction(const std::function<StoreResult<
         (void)run(QStringLiteral("ROLLBACK"));
     }
     return result;
+}
+
+StoreResult<void> SqliteConnection::setPatience(Patience patience) {
+    return setPragma(QStringLiteral("busy_timeout"),
+                     patience == Patience::Normal ? busyTimeoutMilliseconds : 0);
 }
 
 } // namespace platform

@@ -19,6 +19,7 @@ struct StoreError {
         InputOutput,
         Corrupt,
         Constraint, // a required value is absent
+        Missing,    // the object is no longer in the store
         NotLoaded,  // the context has no store
         Other,
     };

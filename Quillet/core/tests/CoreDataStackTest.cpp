@@ -43,7 +43,7 @@ TEST_F(CoreDataStackTest, AFirstStartLogsItsStepsAndMakesAnEmptyStore) {
 
 TEST_F(CoreDataStackTest, ASecondStartFindsTheStoreCompatible) {
     context();
-    const QStringList lines = linesOf([this] { CoreDataStack(storePath).viewContext(); });
+    const QStringList lines = linesOf([this] { CoreDataStack(directory).viewContext(); });
     EXPECT_TRUE(lines.contains(QStringLiteral("☁️ Store at %1 is compatible ").arg(url())));
 }
 
@@ -106,7 +106,7 @@ TEST_F(CoreDataStackTest, HealthTellsOfAFailedSaveAndOfTheNextThatWorks) {
     ASSERT_TRUE(other->run(QStringLiteral("ROLLBACK")));
     CoreDataStack::shared().save(SaveReason::AddedSnippet);
     EXPECT_FALSE(CoreDataStack::shared().health().value().saveError);
-    CoreDataStack reopened(storePath);
+    CoreDataStack reopened(directory);
     EXPECT_EQ(count<Snippet>(reopened.viewContext()), 1U);
 }
 

@@ -46,7 +46,7 @@ TEST_F(TemporaryLibrary, AKilledProcessHasLostNoSaveThatReturned) {
         ASSERT_GT(returned.size(), before) << output.constData();
 
         ::testing::internal::CaptureStdout();
-        CoreDataStack stack(storePath);
+        CoreDataStack stack(directory);
         const auto snippets = stack.viewContext().fetch({QStringLiteral("Snippet"), {}, {}, {}});
         ::testing::internal::GetCapturedStdout();
         ASSERT_FALSE(stack.health().value().loadError) << "round " << round;

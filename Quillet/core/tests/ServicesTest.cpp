@@ -37,7 +37,7 @@ TEST_F(ServicesTest, DeletingATagOrFolderLeavesTheSnippet) {
     FolderService::shared().remove(*folder, FolderService::Snippets::Keep);
     EXPECT_TRUE(snippet->toMany(Snippet::Tags).isEmpty());
     EXPECT_EQ(snippet->folder(), nullptr);
-    CoreDataStack reopened(storePath);
+    CoreDataStack reopened(directory);
     EXPECT_EQ(count<Snippet>(reopened.viewContext()), 1U);
     EXPECT_EQ(count<Tag>(reopened.viewContext()), 0U);
     EXPECT_EQ(count<Folder>(reopened.viewContext()), 0U);
@@ -48,7 +48,7 @@ TEST_F(ServicesTest, DeletingWithTheSnippetsTakesThemAlong) {
     EXPECT_EQ(count<Snippet>(), 0U);
     EXPECT_TRUE(folder->toMany(Folder::Snippets).isEmpty());
     FolderService::shared().remove(*folder, FolderService::Snippets::Delete);
-    CoreDataStack reopened(storePath);
+    CoreDataStack reopened(directory);
     EXPECT_EQ(count<Snippet>(reopened.viewContext()), 0U);
 }
 
@@ -60,7 +60,7 @@ TEST_F(ServicesTest, DeletingASnippetTakesItsSegments) {
     EXPECT_FALSE(segment->value(Segment::CreationDate).isNull());
     SnippetService::shared().remove(*snippet);
     context().deleteObject(*snippet); // a second time, without effect
-    CoreDataStack reopened(storePath);
+    CoreDataStack reopened(directory);
     EXPECT_EQ(count<Segment>(reopened.viewContext()), 0U);
 }
 

@@ -28,6 +28,7 @@ protected:
     }
 
     QTemporaryDir root;
+    QString directory = root.filePath(QStringLiteral("Quillet"));
     QString storePath = root.filePath(QStringLiteral("Quillet/Quillet.sqlite"));
 };
 

@@ -76,7 +76,7 @@ protected:
 
     // What a new start of the program would find.
     QStringList codesOnDisk() const {
-        CoreDataStack reopened(storePath);
+        CoreDataStack reopened(directory);
         QStringList codes;
         const Repository<Snippet> repository(reopened.viewContext());
         for (const auto& snippet : repository.results().value())

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/store/ManagedObjectContext.h"
+
+namespace platform {
+
+// Brings what other connections wrote into a context. A property with a pending change keeps the value in
+// memory. An object that the others deleted stays where it has pending changes, and the next save writes it
+// anew; the others' change of an object that is deleted here is left alone.
+class RemoteMerge {
+public:
+    explicit RemoteMerge(ManagedObjectContext& context)
+        : m_context(&context) {}
+
+    // What it did to the context's objects.
+    ContextChanges apply(const RemoteChanges& remote);
+
+private:
+    void applyDeletion(const QUuid& id);
+    bool isWhole(const ManagedObject& object) const;
+    void takeIn(const StoreRow& row);
+    void applyRow(const StoreRow& row);
+    void applyValue(ManagedObject& object, qsizetype attribute, const QVariant& value);
+    void applyToOne(ManagedObject& object, qsizetype relationship, const QUuid& targetID);
+    void applyJoins(ManagedObject& owner, qsizetype relationship, const QSet<QUuid>& stored);
+    void noteUpdated(ManagedObject& object);
+
+    ManagedObjectContext* m_context;
+    ContextChanges m_changes;
+    QSet<ManagedObject*> m_updated; // the members of m_changes.updated
+    QSet<ManagedObject*> m_kept;    // objects that go over the stored ones as they are
+};
+
+} // namespace platform
