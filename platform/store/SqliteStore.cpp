@@ -93,11 +93,23 @@ StoreResult<void> SqliteStore::prepareFile(Migration migration) {
     if (!blank) return std::unexpected(blank.error());
     STORE_TRY(setPragmas());
     if (*blank) return createTables();
+    STORE_TRY(checkWhole());
+    return migrateIfNeeded(migration);
+}
+
+StoreResult<void> SqliteStore::checkWhole() {
     auto check = m_connection->scalar(QStringLiteral("PRAGMA quick_check(1)"));
     if (!check) return std::unexpected(check.error());
     if (check->toString() != QStringLiteral("ok"))
         return std::unexpected(StoreError{StoreError::Kind::Corrupt, check->toString()});
-    return migrateIfNeeded(migration);
+    // SQLite reads what is missing of the last page as zeros.
+    auto size = m_connection->scalar(
+        QStringLiteral("SELECT page_count * page_size FROM pragma_page_count, pragma_page_size"));
+    if (!size) return std::unexpected(size.error());
+    if (QFileInfo(m_path).size() < size->toLongLong())
+        return std::unexpected(
+            StoreError{StoreError::Kind::Corrupt, QStringLiteral("the end of the file is missing")});
+    return {};
 }
 
 StoreResult<void> SqliteStore::setPragmas() {

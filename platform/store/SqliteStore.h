@@ -99,6 +99,7 @@ private:
 
     StoreResult<void> prepareFile(Migration migration);
     StoreResult<void> setPragmas();
+    StoreResult<void> checkWhole();
     StoreResult<void> createTables();
     StoreResult<void> migrateIfNeeded(Migration migration);
 

@@ -2,6 +2,8 @@
 
 #include "platform/store/ModelArchive.h"
 
+#include <QtCore/QCryptographicHash>
+
 namespace platform {
 
 namespace {
@@ -46,10 +48,13 @@ StoreResult<StoreMetadata> readMetadata(SqliteConnection& connection) {
     STORE_TRY(connection.query(
         QStringLiteral("SELECT key, value FROM \"_Metadata\""), {},
         [&values](const QSqlQuery& row) { values.insert(row.value(0).toString(), row.value(1)); }));
-    auto entities = unarchiveModel(values.value(modelKey).toByteArray());
-    if (!entities) return notAStore(QStringLiteral("the store's model is damaged: ") + entities.error());
-    return StoreMetadata{values.value(modelVersionKey).toInt(), values.value(modelHashKey).toByteArray(),
-                         std::move(*entities)};
+    const QByteArray archive = values.value(modelKey).toByteArray();
+    const QByteArray hash = values.value(modelHashKey).toByteArray();
+    auto entities = unarchiveModel(archive);
+    if (!entities || hash != QCryptographicHash::hash(archive, QCryptographicHash::Sha256))
+        return std::unexpected(
+            StoreError{StoreError::Kind::Corrupt, QStringLiteral("the store's model is damaged")});
+    return StoreMetadata{values.value(modelVersionKey).toInt(), hash, std::move(*entities)};
 }
 
 StoreResult<void> writeMetadata(SqliteConnection& connection, const ManagedObjectModel& model) {

@@ -13,7 +13,8 @@ struct StoreMetadata {
 };
 
 // Reads the metadata of an open file without changing it. Errors: NotADatabase where the file has none,
-// TooNew where its form is one of a later program, which says nothing about its contents.
+// Corrupt where it contradicts itself, TooNew where its form is one of a later program, which says nothing
+// about its contents.
 StoreResult<StoreMetadata> readMetadata(SqliteConnection& connection);
 
 // Names `model` as the store's. Inside the transaction that makes or migrates the tables.

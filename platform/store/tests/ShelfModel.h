@@ -30,7 +30,7 @@ inline std::shared_ptr<const platform::ManagedObjectModel> makeModel(const QStri
         {{QStringLiteral("title"), AttributeType::String, Presence::Required},
          {QStringLiteral("pages"), AttributeType::Integer16, Presence::Optional},
          {QStringLiteral("bought"), AttributeType::Date, Presence::Optional},
-         {QStringLiteral("cover"), AttributeType::Binary, Presence::Optional},
+         {QStringLiteral("cover"), AttributeType::Binary, Presence::Optional, {}, Loading::OnDemand},
          {QStringLiteral("read"), AttributeType::Boolean, Presence::Optional}},
         {{QStringLiteral("shelf"), QStringLiteral("Shelf"), QStringLiteral("books"), Cardinality::ToOne},
          {QStringLiteral("authors"), QStringLiteral("Author"), QStringLiteral("books"), Cardinality::ToMany},
