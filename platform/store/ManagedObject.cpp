@@ -126,4 +126,8 @@ void ManagedObject::requireSameContext(const ManagedObject& other) const {
         fatalError("A relation needs two objects of the same context");
 }
 
+std::shared_ptr<ManagedObject> makeDetached(const EntityDescription& entity) {
+    return entity.makeObject ? entity.makeObject() : std::make_shared<ManagedObject>(entity);
+}
+
 } // namespace platform

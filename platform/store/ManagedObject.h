@@ -36,6 +36,9 @@ public:
     // The identity of the object on every device; fixed for life.
     const QUuid& objectID() const { return m_objectID; }
 
+    // Its place among the objects of its context, by when they came in.
+    std::uint64_t sequence() const { return m_sequence; }
+
     // A null QVariant is an absent value. A value that is loaded on demand is read from the store here, and
     // is null as well where that fails: who would write it back asks readValue() instead.
     QVariant value(qsizetype attribute) const;
@@ -85,11 +88,14 @@ private:
 
     const EntityDescription* m_entity;
     ManagedObjectContext* m_context = nullptr;
-    std::uint64_t m_sequence = 0; // its place among the context's objects
+    std::uint64_t m_sequence = 0;
     QUuid m_objectID = QUuid::createUuid();
     mutable std::vector<QVariant> m_values;
     // One set a relationship; a to-one set has at most one member.
     std::vector<ObjectSet> m_related;
 };
+
+// A new object of the entity's class, or of none in particular where the entity names none.
+std::shared_ptr<ManagedObject> makeDetached(const EntityDescription& entity);
 
 } // namespace platform

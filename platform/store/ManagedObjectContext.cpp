@@ -140,7 +140,7 @@ Subscription ManagedObjectContext::onChange(std::function<void(const ContextChan
 }
 
 std::shared_ptr<ManagedObject> ManagedObjectContext::makeObject(StoreRow row) const {
-    auto object = row.entity->makeObject();
+    auto object = makeDetached(*row.entity);
     object->m_objectID = row.objectID;
     object->m_values = std::move(row.values);
     object->turnIntoFaults();

@@ -48,7 +48,8 @@ struct EntityDescription {
     QString name;
     std::vector<AttributeDescription> attributes;
     std::vector<RelationshipDescription> relationships;
-    std::function<std::shared_ptr<ManagedObject>()> makeObject = {};
+    std::function<std::shared_ptr<ManagedObject>()> makeObject =
+        {}; // of a class of its own; see makeDetached()
     QString renamedFrom = {};
 };
 

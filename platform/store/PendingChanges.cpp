@@ -156,6 +156,8 @@ StoreChanges PendingChanges::toWrite() const {
     for (auto it = m_joins.constBegin(); it != m_joins.constEnd(); ++it)
         if (!m_deleted.contains(it.key().source) && !m_deleted.contains(it.key().target))
             (*it ? changes.joined : changes.parted).push_back(it.key());
+    // Rows lie in the order in which their objects were made, so that a reopened store yields them in it.
+    std::ranges::sort(changes.inserted, {}, &ManagedObject::sequence);
     return changes;
 }
 

@@ -17,11 +17,6 @@ using platform::AttributeType;
 using platform::Cardinality;
 using platform::Presence;
 
-class Object : public platform::ManagedObject {
-public:
-    using ManagedObject::ManagedObject;
-};
-
 inline std::shared_ptr<const platform::ManagedObjectModel> makeModel(const QString& extraAttribute = {}) {
     using namespace platform;
     std::vector<EntityDescription> entities(4);
@@ -35,13 +30,11 @@ inline std::shared_ptr<const platform::ManagedObjectModel> makeModel(const QStri
         {{QStringLiteral("shelf"), QStringLiteral("Shelf"), QStringLiteral("books"), Cardinality::ToOne},
          {QStringLiteral("authors"), QStringLiteral("Author"), QStringLiteral("books"), Cardinality::ToMany},
          {QStringLiteral("notes"), QStringLiteral("Note"), QStringLiteral("book"), Cardinality::ToMany,
-          DeleteRule::Cascade}},
-        {}};
+          DeleteRule::Cascade}}};
     const auto named = [](const char* name, RelationshipDescription relationship) {
         return EntityDescription{QString::fromLatin1(name),
                                  {{QStringLiteral("name"), AttributeType::String, Presence::Optional}},
-                                 {std::move(relationship)},
-                                 {}};
+                                 {std::move(relationship)}};
     };
     entities[1] = named("Shelf", {QStringLiteral("books"), QStringLiteral("Book"), QStringLiteral("shelf"),
                                   Cardinality::ToMany});
@@ -51,30 +44,23 @@ inline std::shared_ptr<const platform::ManagedObjectModel> makeModel(const QStri
                                  Cardinality::ToOne});
     if (!extraAttribute.isEmpty())
         entities[0].attributes.push_back({extraAttribute, AttributeType::String, Presence::Optional});
-    // Objects point at their entity, so the factories look it up in the finished model.
-    static std::vector<std::shared_ptr<const ManagedObjectModel>> kept;
-    const auto slot = kept.size();
-    for (auto& entity : entities)
-        entity.makeObject = [slot, name = entity.name] {
-            return std::make_shared<Object>(kept[slot]->entity(name));
-        };
-    kept.push_back(std::make_shared<const ManagedObjectModel>(std::move(entities)));
-    return kept.back();
+    return std::make_shared<const ManagedObjectModel>(std::move(entities));
 }
 
 // One context on one store file, as after a start of the program.
 struct Library {
     explicit Library(const QString& path,
-                     std::shared_ptr<const platform::ManagedObjectModel> model = makeModel())
+                     std::shared_ptr<const platform::ManagedObjectModel> model = makeModel(),
+                     platform::SqliteStore::Migration migration = platform::SqliteStore::Migration::Refuse)
         : context(model) {
-        auto store = platform::SqliteStore::open(path, model);
+        auto store = platform::SqliteStore::open(path, model, migration);
         const auto loaded = store ? context.setStore(std::move(*store))
                                   : platform::StoreResult<void>(std::unexpected(store.error()));
         if (!loaded) error = loaded.error();
     }
 
     std::shared_ptr<platform::ManagedObject> make(const char* entity, const QVariant& first = {}) {
-        auto object = context.model().entity(QString::fromLatin1(entity)).makeObject();
+        auto object = platform::makeDetached(context.model().entity(QString::fromLatin1(entity)));
         context.insert(object);
         if (!first.isNull()) object->setValue(0, first);
         return object;
