@@ -1,13 +1,12 @@
 #pragma once
 
 #include "Quillet/core/CoreDataStack.h"
-#include "Quillet/screens/SnippetRootViewController.h"
-
-#include <memory>
+#include "app/SceneDelegate.h"
 
 namespace quillet {
 
-// Builds the program in its order and ends it. One for the life of the process; main thread.
+// Builds the program in its order, and saves the library when it ends. One for the life of the process; main
+// thread.
 class AppDelegate {
 public:
     AppDelegate();
@@ -15,15 +14,18 @@ public:
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
-    // Builds the store, then the window with its columns, and shows it.
+    // Builds the store, then lets the scene make the window.
     void didFinishLaunching();
     void activate();
 
-    SnippetRootViewController& window() { return *m_window; }
+    // The editor's save, in place.
+    void save() { window().save(); }
+
+    SnippetRootViewController& window() { return m_scene.window(); }
 
 private:
     CoreDataStack* m_coreDataStack;
-    std::unique_ptr<SnippetRootViewController> m_window;
+    SceneDelegate m_scene;
 };
 
 } // namespace quillet

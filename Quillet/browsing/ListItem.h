@@ -52,4 +52,11 @@ private:
     std::optional<Children> m_children;
 };
 
+// Rows that are equal have equal hashes; the kind of row counts in.
+size_t qHash(const ListItemType& type, size_t seed = 0);
+
+inline size_t qHash(const ListItem& item, size_t seed = 0) {
+    return qHash(item.type(), seed);
+}
+
 } // namespace quillet

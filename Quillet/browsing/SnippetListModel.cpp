@@ -1,70 +1,76 @@
 #include "Quillet/browsing/SnippetListModel.h"
 
 #include "Quillet/core/UserSettings.h"
+#include "platform/foundation/CodePointOrder.h"
 
 #include <algorithm>
 #include <map>
-#include <set>
 
 namespace quillet {
 
 namespace {
 
-// Canonically equivalent texts are equal; the order is that of their code points, without locale or case.
-std::u32string orderKey(const QString& text) {
-    return text.normalized(QString::NormalizationForm_D).toStdU32String();
+// A snippet with what the order asks of it, read once: a sort compares each a dozen times.
+struct Sortable {
+    explicit Sortable(std::shared_ptr<Snippet> member)
+        : title(platform::codePointOrderKey(member->title()))
+        , lastUpdate(member->lastUpdate())
+        , snippet(std::move(member)) {}
+
+    QString title;
+    std::optional<QDateTime> lastUpdate;
+    std::shared_ptr<Snippet> snippet;
+};
+
+bool comesBefore(const Sortable& a, const Sortable& b) {
+    if (UserSettings::shared().sortIndex.value() != 0) return a.title < b.title;
+    // Two readings of the clock: the second is never earlier, so two snippets without a date are in no order.
+    const auto first = a.lastUpdate.value_or(QDateTime::currentDateTimeUtc());
+    const auto second = b.lastUpdate.value_or(QDateTime::currentDateTimeUtc());
+    return first > second;
 }
 
-bool isAscii(const QString& text) {
-    return std::ranges::all_of(text, [](QChar unit) { return unit.unicode() < 0x80; });
-}
-
-bool titlePrecedes(const QString& a, const QString& b) {
-    // Nearly every title; needs no normal form, which costs more than all the rest of a sort.
-    if (isAscii(a) && isAscii(b)) return a < b;
-    return orderKey(a) < orderKey(b);
-}
-
-template <typename Member>
-ListItem::Children leavesOf(std::vector<Member> snippets) {
-    std::ranges::stable_sort(snippets, [](const auto& a, const auto& b) { return comesBefore(*a, *b); });
+ListItem::Children leavesOf(std::vector<Sortable> members) {
+    std::ranges::stable_sort(members, comesBefore);
     ListItem::Children leaves;
-    leaves.reserve(snippets.size());
-    for (const auto& snippet : snippets)
-        leaves.push_back(std::make_shared<ListItem>(snippet));
+    leaves.reserve(members.size());
+    for (auto& member : members)
+        leaves.push_back(std::make_shared<ListItem>(std::move(member.snippet)));
     return leaves;
-}
-
-std::vector<std::shared_ptr<Snippet>> membersOf(const platform::ObjectSet& set) {
-    std::vector<std::shared_ptr<Snippet>> members;
-    members.reserve(set.size());
-    for (auto* object : set)
-        members.push_back(std::static_pointer_cast<Snippet>(object->shared_from_this()));
-    return members;
 }
 
 template <typename Group>
 SnippetListModel::Items groupItems(const std::vector<std::shared_ptr<Group>>& groups) {
     SnippetListModel::Items items;
-    for (const auto& group : groups)
-        items.push_back(
-            std::make_shared<ListItem>(group, leavesOf(membersOf(group->toMany(Group::Snippets)))));
+    for (const auto& group : groups) {
+        std::vector<Sortable> members;
+        members.reserve(group->toMany(Group::Snippets).size());
+        for (auto* object : group->toMany(Group::Snippets))
+            members.emplace_back(std::static_pointer_cast<Snippet>(object->shared_from_this()));
+        items.push_back(std::make_shared<ListItem>(group, leavesOf(std::move(members))));
+    }
     return items;
 }
 
 SnippetListModel::Items languageGroups(const SnippetListModel::Snippets& snippets) {
-    std::map<std::u32string, std::pair<QString, SnippetListModel::Snippets>> byLanguage;
+    struct Group {
+        QString language;
+        std::vector<Sortable> members;
+    };
+
+    std::map<QString, Group> groups; // by order key
     for (const auto& snippet : snippets) {
         const auto language = snippet->language();
-        auto& [name, members] = byLanguage[orderKey(language.value_or(QString()))];
-        name = language.value_or(QString());
+        auto& group = groups[platform::codePointOrderKey(language.value_or(QString()))];
+        group.language = language.value_or(QString());
         // A snippet without a language shows only as the empty group that it makes appear.
-        if (language) members.push_back(snippet);
+        if (language) group.members.emplace_back(snippet);
     }
     SnippetListModel::Items items;
-    for (auto& [key, group] : byLanguage) {
-        auto leaves = leavesOf(std::move(group.second));
-        LanguageHeader header{group.first, {}};
+    for (auto& [key, group] : groups) {
+        auto leaves = leavesOf(std::move(group.members));
+        LanguageHeader header{group.language, {}};
+        header.snippets.reserve(leaves.size());
         for (const auto& leaf : leaves)
             header.snippets.push_back(std::get<std::shared_ptr<Snippet>>(leaf->type()));
         items.push_back(std::make_shared<ListItem>(std::move(header), std::move(leaves)));
@@ -73,14 +79,6 @@ SnippetListModel::Items languageGroups(const SnippetListModel::Snippets& snippet
 }
 
 } // namespace
-
-bool comesBefore(const Snippet& a, const Snippet& b) {
-    if (UserSettings::shared().sortIndex.value() != 0) return titlePrecedes(a.title(), b.title());
-    // Two readings of the clock: the second is never earlier, so two snippets without a date are in no order.
-    const auto first = a.lastUpdate().value_or(QDateTime::currentDateTimeUtc());
-    const auto second = b.lastUpdate().value_or(QDateTime::currentDateTimeUtc());
-    return first > second;
-}
 
 SnippetListModel::SnippetListModel()
     : m_tagRepository(CoreDataStack::shared().viewContext())

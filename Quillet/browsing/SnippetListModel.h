@@ -6,12 +6,9 @@
 
 namespace quillet {
 
-// Whether `a` comes before `b` in a list of snippets, in the order that the settings name: by title, by the
-// plain order of code points, or what was modified last first, where a snippet without a date counts as
-// modified at this moment.
-bool comesBefore(const Snippet& a, const Snippet& b);
-
 // The three groups of the home list: folders, tags and languages, each member with its snippets below it.
+// Snippets are in the order that the settings name: by title, by the plain order of code points, or what was
+// modified last first, where a snippet without a date counts as modified at this moment.
 // Rebuilt whole at each change of the library. Main thread.
 class SnippetListModel {
 public:

@@ -34,7 +34,11 @@ public:
     ManagedObjectContext* context() const { return m_context; }
 
     // The identity of the object on every device; fixed for life.
-    const QUuid& objectID() const { return m_objectID; }
+    const QUuid& objectID() const {
+        // Made when first asked for: most objects come from a store and have theirs already.
+        if (m_objectID.isNull()) m_objectID = QUuid::createUuid();
+        return m_objectID;
+    }
 
     // Its place among the objects of its context, by when they came in.
     std::uint64_t sequence() const { return m_sequence; }
@@ -89,7 +93,7 @@ private:
     const EntityDescription* m_entity;
     ManagedObjectContext* m_context = nullptr;
     std::uint64_t m_sequence = 0;
-    QUuid m_objectID = QUuid::createUuid();
+    mutable QUuid m_objectID;
     mutable std::vector<QVariant> m_values;
     // One set a relationship; a to-one set has at most one member.
     std::vector<ObjectSet> m_related;

@@ -10,9 +10,6 @@ namespace platform {
 
 namespace {
 
-// How much of the values that are loaded on demand may stay in memory, in bytes.
-constexpr qsizetype loadedBudget = 8'000'000;
-
 bool comesBefore(const ManagedObject& a, const ManagedObject& b,
                  const std::vector<SortDescriptor>& descriptors) {
     for (const auto& descriptor : descriptors) {
@@ -199,7 +196,7 @@ StoreResult<QVariant> ManagedObjectContext::fulfilFault(const ManagedObject& obj
 void ManagedObjectContext::noteLoaded(const ManagedObject& object) {
     m_loaded.push_back(object.weak_from_this());
     m_loadedBytes += object.loadedBytes();
-    if (m_loadedBytes > loadedBudget) giveUpLoadedValues(object);
+    if (m_loadedBytes > m_loadedLimit) giveUpLoadedValues(object);
 }
 
 void ManagedObjectContext::giveUpLoadedValues(const ManagedObject& inUse) {
@@ -214,6 +211,8 @@ void ManagedObjectContext::giveUpLoadedValues(const ManagedObject& inUse) {
         object->turnIntoFaults();
         return true;
     });
+    // What has to stay is not looked through again until as much has come in addition.
+    m_loadedLimit = std::max<qsizetype>(loadedBudget, 2 * m_loadedBytes);
 }
 
 } // namespace platform

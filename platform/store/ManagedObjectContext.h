@@ -110,9 +110,12 @@ private:
 
     PendingChanges m_pending;
 
-    // Objects with values in memory that are loaded on demand, and the size of these in bytes.
+    // Objects with values in memory that are loaded on demand, the size of these in bytes, and the size from
+    // which on those that are as stored are given up.
+    static constexpr qsizetype loadedBudget = 8'000'000;
     std::vector<std::weak_ptr<const ManagedObject>> m_loaded;
     qsizetype m_loadedBytes = 0;
+    qsizetype m_loadedLimit = loadedBudget;
 
     Signal<ContextChanges> m_changes;
 };

@@ -15,6 +15,9 @@ namespace platform {
 
 namespace {
 
+// Of a new file. A text of the usual length fits into a page together with others.
+constexpr int pageBytes = 8192;
+
 // How much of the file SQLite keeps in memory, in KiB.
 constexpr int cacheKibibytes = 8192;
 
@@ -91,6 +94,7 @@ SqliteStore::open(const QString& path, std::shared_ptr<const ManagedObjectModel>
 StoreResult<void> SqliteStore::prepareFile(Migration migration) {
     auto blank = isBlank(*m_connection);
     if (!blank) return std::unexpected(blank.error());
+    if (*blank) STORE_TRY(m_connection->setPragma(QStringLiteral("page_size"), pageBytes));
     STORE_TRY(setPragmas());
     if (*blank) return createTables();
     STORE_TRY(checkWhole());

@@ -121,6 +121,26 @@ TEST_F(SnippetListModelTest, FollowsTheLibraryAndKeepsListItemsEmpty) {
     EXPECT_TRUE(model.listItems.value().empty());
 }
 
+TEST_F(SnippetListModelTest, RowsAreKnownByWhatTheyAreAndNotByTheirChildren) {
+    const auto snippet = add(QStringLiteral("s"));
+    const auto other = add(QStringLiteral("s"));
+    const auto tag = Tag::create(QStringLiteral("s"), 0, {});
+    const auto hashOf = [](const ListItem& item) { return qHash(item); };
+    const ListItem leaf(snippet);
+    const ListItem group(snippet, ListItem::Children{});
+    EXPECT_EQ(leaf, group);
+    EXPECT_EQ(hashOf(leaf), hashOf(group));
+    EXPECT_NE(leaf, ListItem(other)); // by identity, not by title
+    EXPECT_NE(hashOf(leaf), hashOf(ListItem(other)));
+    EXPECT_NE(leaf, ListItem(tag));
+    const ListItem header(LanguageHeader{QStringLiteral("c"), {snippet}});
+    EXPECT_EQ(hashOf(header), hashOf(ListItem(LanguageHeader{QStringLiteral("c"), {snippet}})));
+    EXPECT_NE(header, ListItem(LanguageHeader{QStringLiteral("c"), {other}}));
+    const ListItem section(SectionHeader{QStringLiteral("c"), QString()});
+    EXPECT_NE(section, header);
+    EXPECT_NE(hashOf(section), hashOf(ListItem(LanguageHeader{QStringLiteral("c"), {}})));
+}
+
 TEST(TagColorsDeathTest, AnIndexOutsideTheTableStopsTheProgram) {
     EXPECT_EQ(tagColor(0), platform::Asset::KindaGreen);
     EXPECT_EQ(tagColor(9), platform::Asset::SystemBlack);

@@ -1,35 +1,15 @@
 // How long a highlight takes, the helper process included, beside what the pipes alone cost.
 
+#include "platform/foundation/bench/Samples.h"
 #include "platform/highlightr/Highlightr.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QElapsedTimer>
 
-#include <algorithm>
 #include <cstdio>
-#include <functional>
-#include <vector>
 
 using namespace platform;
 
 namespace {
-
-struct Times {
-    double median;
-    double p99;
-};
-
-Times measure(int samples, const std::function<void()>& body) {
-    std::vector<double> milliseconds;
-    for (int i = 0; i < samples; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        body();
-        milliseconds.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    std::ranges::sort(milliseconds);
-    return {milliseconds[milliseconds.size() / 2], milliseconds[milliseconds.size() * 99 / 100]};
-}
 
 QString sourceOf(qsizetype size) {
     QString text;
@@ -54,25 +34,25 @@ int main(int argc, char** argv) {
         return highlightr.highlight(code, language, Highlightr::Rendering::Fast);
     };
 
-    const Times start = measure(20, [] {
+    const Samples start = measure(20, [] {
         HighlightProcess fresh(QCoreApplication::applicationDirPath() +
                                QStringLiteral("/quillet-highlighter"));
         fresh.highlight(QStringLiteral("x"), QStringLiteral("c"), 1);
     });
     std::printf(
         "start of the helper, with a first highlight of one character: median %.1f ms, p99 %.1f ms\n\n",
-        start.median, start.p99);
+        start.median(), start.p99());
     std::printf("%8s  %-14s  %9s  %9s  %12s  %s\n", "size", "language", "median ms", "p99 ms", "pipes alone",
                 "median / pipes");
     for (const int kilobytes : {1, 20, 100}) {
         const QString code = sourceOf(kilobytes * 1024);
         // An unknown language takes the same road without any highlighting.
-        const Times floor = measure(200, [&] { highlight(code, QStringLiteral("none")); });
+        const Samples floor = measure(200, [&] { highlight(code, QStringLiteral("none")); });
         for (int i = 0; i < 10; ++i)
             highlight(code, QStringLiteral("c")); // the engine warms up
-        const auto row = [&](const char* name, Times times) {
-            std::printf("%5d KB  %-14s  %9.2f  %9.2f  %9.3f ms  %.0f\n", kilobytes, name, times.median,
-                        times.p99, floor.median, times.median / floor.median);
+        const auto row = [&](const char* name, const Samples& times) {
+            std::printf("%5d KB  %-14s  %9.2f  %9.2f  %9.3f ms  %.0f\n", kilobytes, name, times.median(),
+                        times.p99(), floor.median(), times.median() / floor.median());
         };
         row("c", measure(200, [&] { highlight(code, QStringLiteral("c")); }));
         row("to be detected", measure(100, [&] { highlight(code, std::nullopt); }));

@@ -1,0 +1,41 @@
+#include "app/SceneDelegate.h"
+
+#include "platform/screens/DesktopAppearance.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+#include <QtGui/QWindowStateChangeEvent>
+
+namespace quillet {
+
+namespace {
+
+constexpr QSize preferredWindowSize(1120, 760);
+
+} // namespace
+
+void SceneDelegate::willConnect() {
+    platform::applyPalette();
+    m_window = std::make_unique<SnippetRootViewController>();
+    m_window->installEventFilter(this);
+    m_window->resize(preferredWindowSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+    m_window->show();
+    // A tablet's shell suspends the program as a whole.
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationSuspended || state == Qt::ApplicationHidden) didEnterBackground();
+    });
+    // The session may end instead of the window.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &SceneDelegate::didEnterBackground,
+            Qt::DirectConnection);
+}
+
+bool SceneDelegate::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange && m_window->isMinimized()) didEnterBackground();
+    return QObject::eventFilter(watched, event);
+}
+
+void SceneDelegate::didEnterBackground() {
+    m_window->save();
+}
+
+} // namespace quillet

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Quillet/screens/SnippetRootViewController.h"
+
+#include <QtCore/QObject>
+
+#include <memory>
+
+namespace quillet {
+
+// The life of the one window: makes it, and saves what is on screen when the window leaves the screen or the
+// session ends. Main thread.
+class SceneDelegate : public QObject {
+    Q_OBJECT
+
+public:
+    // Makes the window with its columns and shows it.
+    void willConnect();
+
+    SnippetRootViewController& window() { return *m_window; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void didEnterBackground();
+
+    std::unique_ptr<SnippetRootViewController> m_window;
+};
+
+} // namespace quillet
