@@ -1,6 +1,7 @@
 #include "Quillet/core/Folder.h"
 #include "Quillet/core/LibraryModel.h"
 #include "Quillet/core/Snippet.h"
+#include "Quillet/core/StoreCheck.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 
 #include <QtCore/QDir>
@@ -108,6 +109,38 @@ TEST_F(CoreDataStackTest, HealthTellsOfAFailedSaveAndOfTheNextThatWorks) {
     EXPECT_FALSE(CoreDataStack::shared().health().value().saveError);
     CoreDataStack reopened(directory);
     EXPECT_EQ(count<Snippet>(reopened.viewContext()), 1U);
+}
+
+TEST_F(CoreDataStackTest, AStoreDescriptionWithoutAPathIsOnlyAllowedToMigrate) {
+    platform::PersistentStoreDescription description;
+    const platform::PersistentStoreCoordinator coordinator(libraryModel());
+    EXPECT_EQ(linesOf([&] { checkStore(description, coordinator); }),
+              QStringList{QStringLiteral("☁️ Store descriptions")});
+    EXPECT_TRUE(description.shouldInferMappingModelAutomatically);
+    EXPECT_TRUE(description.shouldMigrateStoreAutomatically);
+}
+
+TEST_F(CoreDataStackTest, AStoreOfAnEarlierModelIsMigratedAndOneOfALaterModelIsLeftAlone) {
+    Snippet::create(QStringLiteral("kept"), {}, QStringLiteral("c"), QStringLiteral("swift"));
+    CoreDataStack::shared().save(SaveReason::AddedSnippet);
+    auto entities = libraryModel()->entities();
+    entities[0].attributes.push_back(
+        {QStringLiteral("rating"), platform::AttributeType::Integer16, platform::Presence::Optional});
+    platform::PersistentContainer later(QStringLiteral("Quillet"),
+                                        std::make_shared<const platform::ManagedObjectModel>(entities, 2),
+                                        directory);
+    auto& description = later.persistentStoreDescriptions().at(0);
+    EXPECT_TRUE(linesOf([&] {
+                    checkStore(description, later.persistentStoreCoordinator());
+                }).contains(QStringLiteral("☁️ Store at %1 is compatible ").arg(url())));
+    later.loadPersistentStores([](const auto&, const auto& error) { EXPECT_FALSE(error); });
+    EXPECT_EQ(later.viewContext().fetch({QStringLiteral("Snippet"), {}, {}, {}}).size(), 1U);
+
+    CoreDataStack earlier(directory);
+    const QStringList lines = linesOf([&] { earlier.viewContext(); });
+    EXPECT_FALSE(lines.contains(QStringLiteral("☁️ Removed a store at ") + url()));
+    EXPECT_EQ(earlier.health().value().loadError.value().kind, StoreError::Kind::TooNew);
+    EXPECT_EQ(later.viewContext().fetch({QStringLiteral("Snippet"), {}, {}, {}}).size(), 1U);
 }
 
 } // namespace

@@ -1,8 +1,10 @@
 #include "Quillet/core/Repository.h"
 
 #include "Quillet/core/Folder.h"
-#include "Quillet/core/Snippet.h"
+#include "Quillet/core/SnippetService.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
+
+#include <QtTest/QTest>
 
 using namespace quillet;
 
@@ -56,6 +58,17 @@ TEST_F(RepositoryTest, OtherEntitiesDoNotDisturb) {
     addSnippet();
     turn();
     EXPECT_EQ(told, 1);
+}
+
+TEST_F(RepositoryTest, WhatAnotherConnectionWroteArrivesByItself) {
+    Repository<Snippet> repository(context());
+    CoreDataStack other(directory);
+    auto snippet = std::make_shared<Snippet>();
+    snippet->setTitle(QStringLiteral("theirs"));
+    snippet->setCode(QStringLiteral("c"));
+    SnippetService(other).save(snippet);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !repository.results().value().empty(); }));
+    EXPECT_EQ(repository.results().value().at(0)->title(), QStringLiteral("theirs"));
 }
 
 } // namespace

@@ -73,4 +73,22 @@ TEST_F(ServicesTest, SavingADetachedSnippetInsertsItOnce) {
     EXPECT_EQ(count<Snippet>(), 2U);
 }
 
+TEST_F(ServicesTest, SegmentsSortByDateAndOneWithoutADateComesLast) {
+    const auto add = [this](const char* title, const QVariant& date) {
+        auto segment = std::make_shared<Segment>();
+        context().insert(segment);
+        segment->setTitle(QString::fromLatin1(title));
+        segment->setValue(Segment::CreationDate, date);
+        segment->setToOne(Segment::OfSnippet, snippet.get());
+    };
+    add("undated", {});
+    add("second", QDateTime::fromMSecsSinceEpoch(2000, Qt::UTC));
+    add("first", QDateTime::fromMSecsSinceEpoch(1000, Qt::UTC));
+    QStringList titles;
+    for (const auto& segment : snippet->sortedSegments())
+        titles += segment->title();
+    EXPECT_EQ(titles,
+              (QStringList{QStringLiteral("first"), QStringLiteral("second"), QStringLiteral("undated")}));
+}
+
 } // namespace

@@ -163,6 +163,48 @@ TEST_F(LibraryScreens, AnotherSnippetTakesThePlaceOfASavedOne) {
     EXPECT_EQ(code()->text(), QString());
 }
 
+TEST_F(LibraryScreens, ATextThatNobodyTouchedHereDoesNotOverwriteANewerOne) {
+    open();
+    createByForm(QStringLiteral("Shared"), QStringLiteral("swift"));
+    QTest::keyClicks(code(), QStringLiteral("old"));
+    window->save();
+    CoreDataStack other(directory);
+    Repository<Snippet> theirs(other.viewContext());
+    theirs.results().value().at(0)->setCode(QStringLiteral("newer"));
+    other.save(SaveReason::AddedSnippet);
+    ASSERT_TRUE(context().mergeChanges());
+    window->save();
+    EXPECT_EQ(codesOnDisk(), QStringList{QStringLiteral("newer")});
+}
+
+TEST_F(LibraryScreens, ATextThatCannotBeReadIsNotShownAsEmptyAndNotOverwritten) {
+    open();
+    createByForm(QStringLiteral("Locked"), QStringLiteral("swift"));
+    QTest::keyClicks(code(), QStringLiteral("kept"));
+    window->save();
+    window.reset();
+    CoreDataStack& stack = CoreDataStack::shared();
+    Repository<Snippet> repository(stack.viewContext());
+    const auto snippet = repository.results().value().at(0);
+    // Gives the loaded text up again, so that it has to be read.
+    for (int i = 0; i < 3; ++i) {
+        Snippet::create(QStringLiteral("big"), {}, QString(3'000'000, u'x'), QStringLiteral("swift"));
+        stack.save(SaveReason::AddedSnippet);
+    }
+    auto lock =
+        platform::SqliteConnection::open(storePath, platform::SqliteConnection::Access::Existing).value();
+    ASSERT_TRUE(lock->run(QStringLiteral("BEGIN EXCLUSIVE")));
+    open();
+    window->didSelect(snippet);
+    EXPECT_FALSE(code()->isEnabled());
+    EXPECT_TRUE(code()->placeholderText().contains(QStringLiteral("cannot be read")));
+    ASSERT_TRUE(lock->run(QStringLiteral("ROLLBACK")));
+    window->save();
+    window->didSelect(snippet);
+    EXPECT_TRUE(code()->isEnabled());
+    EXPECT_EQ(code()->text(), QStringLiteral("kept"));
+}
+
 TEST_F(LibraryScreens, HostileTextsAreShownAndSavedUnitForUnit) {
     const QString hostile =
         QString::fromUtf8("a\0b\r\nc\rd\n", 9) + QChar(char16_t{0xD800}) + QStringLiteral("\r\n");
