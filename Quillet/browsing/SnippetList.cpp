@@ -101,8 +101,10 @@ void SnippetList::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(platform::symbolIcon(QStringLiteral("doc.on.doc"), platform::Asset::Text),
-                    QStringLiteral("Copy Snippet"),
-                    [snippet] { QGuiApplication::clipboard()->setText(snippet->code()); });
+                    QStringLiteral("Copy Snippet"), [snippet] {
+                        if (const auto code = snippet->readCode())
+                            QGuiApplication::clipboard()->setText(*code);
+                    });
     menu->addAction(platform::symbolIcon(QStringLiteral("trash"), platform::Asset::SystemRed),
                     QStringLiteral("Delete Snippet"), [this, snippet] {
                         m_viewModel->snippetService().remove(*snippet);
