@@ -1,5 +1,7 @@
 #include "platform/foundation/GeneralizedUtf8.h"
 
+#include <algorithm>
+
 namespace platform {
 
 namespace {
@@ -51,7 +53,9 @@ bool decodeAt(const QByteArray& bytes, qsizetype start, int length, char32_t& po
 } // namespace
 
 bool isPlainText(const QString& text) {
-    return !text.contains(QChar(u'\0')) && text.isValidUtf16();
+    const auto isAltered = [](QChar unit) { return unit == u'\0' || unit == u'\uFFFE' || unit == u'\uFFFF'; };
+    return !text.startsWith(QChar::ByteOrderMark) && std::ranges::none_of(text, isAltered) &&
+           text.isValidUtf16();
 }
 
 QByteArray toGeneralizedUtf8(const QString& text) {

@@ -46,7 +46,7 @@ StoreResult<QVariant> ManagedObject::readValue(qsizetype attribute) const {
 }
 
 void ManagedObject::setValue(qsizetype attribute, QVariant value) {
-    if (m_context) m_context->prepareChange(*this);
+    if (m_context) m_context->makeWhole(*this);
     auto& current = m_values[static_cast<std::size_t>(attribute)];
     if (current.isNull() == value.isNull() && current == value) return;
     current = std::move(value);
@@ -62,9 +62,10 @@ ManagedObject* ManagedObject::toOne(qsizetype relationship) const {
 void ManagedObject::setToOne(qsizetype relationship, ManagedObject* target) {
     ManagedObject* current = toOne(relationship);
     if (current == target) return;
-    if (m_context && target) m_context->prepareChange(*this);
     if (current) unlink(relationship, *current);
     if (target) link(relationship, *target);
+    m_context->makeWhole(*this);
+    if (target) m_context->makeWhole(*target);
 }
 
 const ObjectSet& ManagedObject::toMany(qsizetype relationship) const {
@@ -74,12 +75,16 @@ const ObjectSet& ManagedObject::toMany(qsizetype relationship) const {
 
 void ManagedObject::addToMany(qsizetype relationship, ManagedObject& target) {
     if (toMany(relationship).contains(&target)) return;
-    if (m_context) m_context->prepareChange(target);
     link(relationship, target);
+    m_context->makeWhole(*this);
+    m_context->makeWhole(target);
 }
 
 void ManagedObject::removeFromMany(qsizetype relationship, ManagedObject& target) {
-    if (toMany(relationship).contains(&target)) unlink(relationship, target);
+    if (!toMany(relationship).contains(&target)) return;
+    unlink(relationship, target);
+    // A membership that is cut leaves both rows as they are.
+    if (target.isToOneAt(inverseOf(relationship))) m_context->makeWhole(target);
 }
 
 const RelationshipDescription& ManagedObject::relationshipAt(qsizetype index, Cardinality expected) const {

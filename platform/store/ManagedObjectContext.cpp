@@ -20,6 +20,11 @@ bool comesBefore(const ManagedObject& a, const ManagedObject& b,
     return false;
 }
 
+QVariant emptyValue(const AttributeDescription& attribute) {
+    if (attribute.presence == Presence::Optional) return {};
+    return attribute.type == AttributeType::Binary ? QVariant(QByteArray("")) : QVariant(QStringLiteral(""));
+}
+
 } // namespace
 
 ManagedObjectContext::ManagedObjectContext(std::shared_ptr<const ManagedObjectModel> model)
@@ -44,6 +49,13 @@ void ManagedObjectContext::insert(const std::shared_ptr<ManagedObject>& object) 
     if (object->m_context) fatalError("An object belongs to at most one context");
     adopt(object);
     m_pending.insert(object);
+    // What a detached object had in the store alone went with its row.
+    for (std::size_t i = 0; i < object->m_values.size(); ++i) {
+        if (!object->isFault(static_cast<qsizetype>(i))) continue;
+        const auto value = fulfilFault(*object, static_cast<qsizetype>(i));
+        if (!value && value.error().kind == StoreError::Kind::Missing)
+            object->m_values[i] = emptyValue(object->entity().attributes[i]);
+    }
 }
 
 void ManagedObjectContext::adopt(std::shared_ptr<ManagedObject> object) {
@@ -112,6 +124,8 @@ StoreResult<void> ManagedObjectContext::save() {
         std::ranges::move(written.inserted, std::back_inserter(changes.inserted));
         std::ranges::move(written.updated, std::back_inserter(changes.updated));
         std::ranges::move(written.deleted, std::back_inserter(changes.deleted));
+    } else {
+        m_pending.noteFailedSave();
     }
     if (!changes.isEmpty()) m_changes.emit(changes);
     return saved;
@@ -177,7 +191,7 @@ StoreResult<void> ManagedObjectContext::loadGraph(SqliteStore& store) {
     return {};
 }
 
-void ManagedObjectContext::prepareChange(const ManagedObject& object) {
+void ManagedObjectContext::makeWhole(const ManagedObject& object) {
     if (!m_store) return;
     for (std::size_t i = 0; i < object.m_values.size(); ++i) {
         // Where that fails the change stands all the same; only a deletion elsewhere would then win over it.
@@ -186,6 +200,8 @@ void ManagedObjectContext::prepareChange(const ManagedObject& object) {
 }
 
 StoreResult<QVariant> ManagedObjectContext::fulfilFault(const ManagedObject& object, qsizetype attribute) {
+    if (!m_store)
+        return std::unexpected(StoreError{StoreError::Kind::Missing, QStringLiteral("no store is loaded")});
     auto value = m_store->readValue(object.entity(), attribute, object.objectID());
     if (!value) return value;
     object.m_values[static_cast<std::size_t>(attribute)] = *value;

@@ -78,9 +78,9 @@ private:
     friend class ManagedObject;
     friend class RemoteMerge;
 
-    // Of a managed object, about itself. Before a change the object is read whole, so that it can be written
+    // Of a managed object, about itself. With a change the object is read whole, so that it can be written
     // anew if another connection deletes it meanwhile.
-    void prepareChange(const ManagedObject& object);
+    void makeWhole(const ManagedObject& object);
 
     void noteUpdate(ManagedObject& object, qsizetype column) { m_pending.update(object, column); }
 

@@ -18,7 +18,8 @@ class ManagedObject;
 // The value an attribute holds in a QVariant: QString, int, bool, QDateTime, QByteArray, QUuid.
 enum class AttributeType { String, Integer16, Boolean, Date, Binary, Uuid };
 enum class Presence { Required, Optional };
-// Whether a value is read with its object, or when somebody asks for it: for values that are long and many.
+// Whether a value is read with its object, or when somebody asks for it: for texts and data that are long and
+// many.
 enum class Loading { WithObject, OnDemand };
 enum class Cardinality { ToOne, ToMany };
 // What becomes of the objects at the other end when an object is deleted.

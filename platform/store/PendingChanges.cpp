@@ -75,19 +75,19 @@ std::optional<JoinRow> PendingChanges::joinRow(const ManagedObject& source, qsiz
 }
 
 void PendingChanges::insert(const std::shared_ptr<ManagedObject>& object) {
-    // Its deletion was not written yet, so its row is there.
-    const bool isStored = m_deleted.remove(object->objectID()) > 0;
+    // While its deletion is not written its row is there.
+    if (m_deleted.remove(object->objectID()) > 0) m_perhapsStored.insert(object->objectID());
     m_inserted.insert(object->objectID(), object);
-    if (isStored) insertedIsStored(*object);
 }
 
 void PendingChanges::insertedIsStored(ManagedObject& object) {
     m_inserted.remove(object.objectID());
+    m_perhapsStored.remove(object.objectID());
     m_updated.insert(&object, ownColumns(object.entity()));
 }
 
-void PendingChanges::updatedIsMissing(ManagedObject& object) {
-    m_updated.remove(&object);
+void PendingChanges::isMissing(ManagedObject& object) {
+    forget(object);
     m_inserted.insert(object.objectID(), object.shared_from_this());
     const auto& relationships = object.entity().relationships;
     for (std::size_t i = 0; i < relationships.size(); ++i) {
@@ -108,23 +108,35 @@ void PendingChanges::updateRelation(ManagedObject& source, qsizetype relationshi
     update(target, columnOf(target, inverse));
     const auto row = joinRow(source, relationship, target);
     if (!row) return;
-    // Each change flips the membership, so a second one brings it back to what is stored.
+    // Each change flips the membership, so a second one brings it back to what is stored, if that is known.
     const bool isMember = source.toMany(relationship).contains(&target);
-    if (m_joins.remove(*row) == 0) m_joins.insert(*row, isMember);
+    if (m_joins.remove(*row) == 0 || m_joinsMayBeStored) m_joins.insert(*row, isMember);
 }
 
 void PendingChanges::remove(const std::shared_ptr<ManagedObject>& object) {
     m_updated.remove(object.get());
     // What no save has written needs no deletion in the store.
-    if (m_inserted.remove(object->objectID()) == 0) m_deleted.insert(object->objectID(), object);
+    const QUuid id = object->objectID();
+    const bool isNew = m_inserted.remove(id) > 0;
+    if (m_perhapsStored.remove(id) || !isNew) m_deleted.insert(id, object);
 }
 
 void PendingChanges::forget(const ManagedObject& object) {
-    const QUuid id = object.objectID();
-    m_inserted.remove(id);
+    m_inserted.remove(object.objectID());
+    m_perhapsStored.remove(object.objectID());
     m_updated.remove(const_cast<ManagedObject*>(&object));
+    forgetMemberships(object.objectID());
+}
+
+void PendingChanges::forgetMemberships(const QUuid& id) {
     m_joins.removeIf(
         [&id](const auto& entry) { return entry.key().source == id || entry.key().target == id; });
+}
+
+void PendingChanges::noteFailedSave() {
+    for (const auto& object : m_inserted)
+        m_perhapsStored.insert(object->objectID());
+    m_joinsMayBeStored = true;
 }
 
 std::optional<StoreError> PendingChanges::missingValue() const {
@@ -173,6 +185,8 @@ ContextChanges PendingChanges::take() {
     m_updated.clear();
     m_deleted.clear();
     m_joins.clear();
+    m_perhapsStored.clear();
+    m_joinsMayBeStored = false;
     return taken;
 }
 

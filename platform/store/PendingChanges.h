@@ -18,8 +18,8 @@ struct ContextChanges {
     bool touches(const QString& entity) const;
 };
 
-// What a context has changed since its last save. An object that no save has written is inserted, and then
-// nothing else. Main thread.
+// What a context has changed since its last save. An object that no save has written, or that was deleted and
+// brought back, is inserted, and then nothing else. Main thread.
 class PendingChanges {
 public:
     explicit PendingChanges(std::shared_ptr<const ManagedObjectModel> model);
@@ -40,18 +40,28 @@ public:
     // An object that the store turned out to hold: all its columns are written over the stored ones.
     void insertedIsStored(ManagedObject& object);
     // An object that the store turned out to lack.
-    void updatedIsMissing(ManagedObject& object);
+    void isMissing(ManagedObject& object);
     void update(ManagedObject& object, qsizetype column);
     // The relation between the two was made or cut.
     void updateRelation(ManagedObject& source, qsizetype relationship, ManagedObject& target,
                         qsizetype inverse);
 
-    // The store has this membership as it is in memory.
+    // What the store turned out to say of a membership: the same as memory, or not.
     void membershipIsStored(const JoinRow& row) { m_joins.remove(row); }
+
+    void membershipDiffers(const JoinRow& row, bool isMember) { m_joins.insert(row, isMember); }
+
+    // The memberships that were added or removed.
+    QList<JoinRow> memberships() const { return m_joins.keys(); }
 
     void remove(const std::shared_ptr<ManagedObject>& object);
     // Nothing about this object is to be written any more.
     void forget(const ManagedObject& object);
+    // The store has none of its memberships.
+    void forgetMemberships(const QUuid& id);
+
+    // A save was tried and failed, and what it wrote may be in the file all the same.
+    void noteFailedSave();
 
     // What keeps the changes from being written: an absent value that is required.
     std::optional<StoreError> missingValue() const;
@@ -69,6 +79,9 @@ private:
     QHash<ManagedObject*, ColumnSet> m_updated;
     QHash<QUuid, std::shared_ptr<ManagedObject>> m_deleted;
     QHash<JoinRow, bool> m_joins; // true: must be there after the save
+
+    QSet<QUuid> m_perhapsStored; // of the inserted objects, those whose row the store may hold
+    bool m_joinsMayBeStored = false;
 };
 
 } // namespace platform

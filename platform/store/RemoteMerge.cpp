@@ -5,36 +5,61 @@
 namespace platform {
 
 ContextChanges RemoteMerge::apply(const RemoteChanges& remote) {
+    applyObjects(remote);
+    applyMemberships(remote);
+    return std::move(m_changes);
+}
+
+void RemoteMerge::applyObjects(const RemoteChanges& remote) {
     QSet<QUuid> present;
     for (const auto& row : remote.rows)
         present.insert(row.objectID);
-    for (const auto& id : remote.deleted)
-        if (!present.contains(id)) applyDeletion(id);
+    for (const auto& id : remote.deleted) {
+        if (present.contains(id))
+            m_renewed.insert(id);
+        else
+            applyDeletion(id);
+    }
     for (const auto& row : remote.rows)
         takeIn(row);
     for (const auto& row : remote.rows)
         applyRow(row);
+}
 
-    QHash<std::pair<QUuid, const RelationshipDescription*>, QSet<QUuid>> memberships;
-    for (const auto& join : remote.joins)
-        memberships[{join.source, join.relationship}].insert(join.target);
-    for (const auto& row : remote.rows) {
-        auto* owner = m_context->m_byID.value(row.objectID);
-        if (!owner || m_kept.contains(owner)) continue;
-        const auto& relationships = row.entity->relationships;
-        for (std::size_t i = 0; i < relationships.size(); ++i)
-            if (ownsJoinTable(m_context->model().entities(), *row.entity, relationships[i]))
-                applyJoins(*owner, static_cast<qsizetype>(i),
-                           memberships.value({row.objectID, &relationships[i]}));
+// A deletion takes the memberships along without a change of their owners' rows, so those of a renewed object
+// are known as well as those of an owner among the rows.
+void RemoteMerge::applyMemberships(const RemoteChanges& remote) {
+    auto& pending = m_context->m_pending;
+    const QSet<JoinRow> stored(remote.joins.begin(), remote.joins.end());
+    QSet<QUuid> known = m_renewed;
+    for (const auto& row : remote.rows)
+        known.insert(row.objectID);
+    for (const auto& row : pending.memberships()) {
+        const bool isKnown = known.contains(row.source) || m_renewed.contains(row.target);
+        if (isKnown && pending.membership(row) == stored.contains(row)) pending.membershipIsStored(row);
     }
-    return std::move(m_changes);
+    for (const auto& row : remote.rows) {
+        auto* object = m_context->m_byID.value(row.objectID);
+        if (!object) continue;
+        const auto& entities = m_context->model().entities();
+        for (std::size_t i = 0; i < row.entity->relationships.size(); ++i) {
+            const auto& relationship = row.entity->relationships[i];
+            const auto& inverse = m_context->model().inverseOf(relationship);
+            if (isToOne(relationship) || isToOne(inverse)) continue;
+            if (ownsJoinTable(entities, *row.entity, relationship) || m_renewed.contains(row.objectID))
+                cutJoins(*object, static_cast<qsizetype>(i), stored);
+        }
+    }
+    for (const auto& row : stored)
+        applyJoin(row);
 }
 
 void RemoteMerge::applyDeletion(const QUuid& id) {
+    auto& pending = m_context->m_pending;
     auto* object = m_context->m_byID.value(id);
-    if (!object || m_context->m_pending.isInserted(*object)) return;
-    if (m_context->m_pending.isChanged(*object) && isWhole(*object)) {
-        m_context->m_pending.updatedIsMissing(*object);
+    if (!object) return pending.forgetMemberships(id);
+    if (pending.isInserted(*object) || (pending.isChanged(*object) && isWhole(*object))) {
+        pending.isMissing(*object);
         return;
     }
     m_changes.deleted.push_back(object->shared_from_this());
@@ -44,7 +69,7 @@ void RemoteMerge::applyDeletion(const QUuid& id) {
             noteUpdated(*other);
         }
     }
-    m_context->m_pending.forget(*object);
+    pending.forget(*object);
     m_context->release(*object);
 }
 
@@ -75,7 +100,7 @@ void RemoteMerge::applyRow(const StoreRow& row) {
         if (isToOne(row.entity->relationships[i]))
             applyToOne(*object, static_cast<qsizetype>(i), row.toOne[i]);
     // An object with pending changes is whole at all times.
-    if (m_context->m_pending.isChanged(*object)) m_context->prepareChange(*object);
+    if (m_context->m_pending.isChanged(*object)) m_context->makeWhole(*object);
 }
 
 void RemoteMerge::applyValue(ManagedObject& object, qsizetype attribute, const QVariant& value) {
@@ -110,28 +135,33 @@ void RemoteMerge::applyToOne(ManagedObject& object, qsizetype relationship, cons
     noteUpdated(object);
 }
 
-void RemoteMerge::applyJoins(ManagedObject& owner, qsizetype relationship, const QSet<QUuid>& stored) {
+void RemoteMerge::cutJoins(ManagedObject& object, qsizetype relationship, const QSet<JoinRow>& stored) {
     auto& pending = m_context->m_pending;
-    const auto* description = &owner.entity().relationships[static_cast<std::size_t>(relationship)];
-    const auto& current = owner.toMany(relationship);
-    for (auto* member : current.toVector()) {
-        const JoinRow row{description, owner.objectID(), member->objectID()};
-        if (stored.contains(member->objectID())) {
-            pending.membershipIsStored(row);
-        } else if (pending.membership(row) != true) {
-            owner.disconnect(relationship, *member);
-            noteUpdated(*member);
-            noteUpdated(owner);
+    for (auto* member : object.toMany(relationship).toVector()) {
+        const auto row = pending.joinRow(object, relationship, *member);
+        if (!row || stored.contains(*row) || pending.membership(*row)) continue;
+        if (m_kept.contains(&object)) {
+            pending.membershipDiffers(*row, true);
+            continue;
         }
-    }
-    for (const auto& id : stored) {
-        auto* member = m_context->m_byID.value(id);
-        if (!member || current.contains(member)) continue;
-        if (pending.membership({description, owner.objectID(), id})) continue; // removed here
-        owner.connect(relationship, *member);
+        object.disconnect(relationship, *member);
         noteUpdated(*member);
-        noteUpdated(owner);
+        noteUpdated(object);
     }
+}
+
+void RemoteMerge::applyJoin(const JoinRow& row) {
+    auto& pending = m_context->m_pending;
+    auto* owner = m_context->m_byID.value(row.source);
+    auto* member = m_context->m_byID.value(row.target);
+    // An end that is deleted here may be brought back before the deletion is written.
+    if (!owner || !member) return pending.membershipDiffers(row, false);
+    const auto relationship = row.relationship - owner->entity().relationships.data();
+    if (owner->toMany(relationship).contains(member) || pending.membership(row)) return;
+    if (m_kept.contains(owner)) return pending.membershipDiffers(row, false);
+    owner->connect(relationship, *member);
+    noteUpdated(*member);
+    noteUpdated(*owner);
 }
 
 void RemoteMerge::noteUpdated(ManagedObject& object) {

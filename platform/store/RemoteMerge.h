@@ -16,19 +16,24 @@ public:
     ContextChanges apply(const RemoteChanges& remote);
 
 private:
+    void applyObjects(const RemoteChanges& remote);
+    void applyMemberships(const RemoteChanges& remote);
     void applyDeletion(const QUuid& id);
     bool isWhole(const ManagedObject& object) const;
     void takeIn(const StoreRow& row);
     void applyRow(const StoreRow& row);
     void applyValue(ManagedObject& object, qsizetype attribute, const QVariant& value);
     void applyToOne(ManagedObject& object, qsizetype relationship, const QUuid& targetID);
-    void applyJoins(ManagedObject& owner, qsizetype relationship, const QSet<QUuid>& stored);
+    // Cuts what the store has no membership for; `relationship` has a join table, of either end.
+    void cutJoins(ManagedObject& object, qsizetype relationship, const QSet<JoinRow>& stored);
+    void applyJoin(const JoinRow& row);
     void noteUpdated(ManagedObject& object);
 
     ManagedObjectContext* m_context;
     ContextChanges m_changes;
     QSet<ManagedObject*> m_updated; // the members of m_changes.updated
     QSet<ManagedObject*> m_kept;    // objects that go over the stored ones as they are
+    QSet<QUuid> m_renewed;          // objects that were deleted and written anew since the last merge
 };
 
 } // namespace platform

@@ -21,13 +21,16 @@ constexpr int pageBytes = 8192;
 // How much of the file SQLite keeps in memory, in KiB.
 constexpr int cacheKibibytes = 8192;
 
-QVariant columnValue(const ManagedObject& object, qsizetype column) {
+// A value that has to be written and cannot be read fails the save: it must not go out as an absent one.
+StoreResult<QVariant> columnValue(const ManagedObject& object, qsizetype column) {
     const auto attributes = static_cast<qsizetype>(object.entity().attributes.size());
-    if (column < attributes)
-        return toColumn(object.entity().attributes[static_cast<std::size_t>(column)].type,
-                        object.value(column));
-    const ManagedObject* target = object.toOne(column - attributes);
-    return target ? idToColumn(target->objectID()) : QVariant();
+    if (column >= attributes) {
+        const ManagedObject* target = object.toOne(column - attributes);
+        return target ? idToColumn(target->objectID()) : QVariant();
+    }
+    auto value = object.readValue(column);
+    if (!value) return value;
+    return toColumn(object.entity().attributes[static_cast<std::size_t>(column)].type, *value);
 }
 
 bool isOnDemand(const EntityDescription& entity, qsizetype column) {
@@ -279,8 +282,10 @@ StoreResult<void> SqliteStore::write(const StoreChanges& changes, qint64 revisio
         QVariantList values;
         for (const auto& column : columnsOf(object->entity())) {
             if (!columns.test(static_cast<std::size_t>(column.index))) continue;
+            auto value = columnValue(*object, column.index);
+            if (!value) return std::unexpected(value.error());
             assignments += column.name + QStringLiteral(" = ?");
-            values += columnValue(*object, column.index);
+            values += *value;
         }
         STORE_TRY(updateRow(object->entity(), object->objectID(), std::move(assignments), std::move(values),
                             revision));
@@ -294,15 +299,20 @@ StoreResult<void> SqliteStore::write(const StoreChanges& changes, qint64 revisio
 StoreResult<void> SqliteStore::insertRow(const ManagedObject& object, qint64 revision) {
     QStringList names{quoted(QStringLiteral("_id")), quoted(QStringLiteral("_rev"))};
     QStringList marks{QStringLiteral("?"), QStringLiteral("?")};
+    QStringList assignments{QStringLiteral("\"_rev\" = excluded.\"_rev\"")};
     QVariantList values{idToColumn(object.objectID()), revision};
     for (const auto& column : columnsOf(object.entity())) {
         names += column.name;
         marks += QStringLiteral("?");
-        values += columnValue(object, column.index);
+        assignments += column.name + QStringLiteral(" = excluded.") + column.name;
+        auto value = columnValue(object, column.index);
+        if (!value) return std::unexpected(value.error());
+        values += *value;
     }
-    return m_connection->run(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                                 .arg(quoted(object.entity().name), names.join(u','), marks.join(u',')),
-                             values);
+    return m_connection->run(
+        QStringLiteral("INSERT INTO %1 (%2) VALUES (%3) ON CONFLICT (\"_id\") DO UPDATE SET %4")
+            .arg(quoted(object.entity().name), names.join(u','), marks.join(u','), assignments.join(u',')),
+        values);
 }
 
 StoreResult<void> SqliteStore::updateRow(const EntityDescription& entity, const QUuid& objectID,

@@ -43,7 +43,7 @@ struct RemoteChanges {
 
 // What a save writes. A membership with a deleted end goes with it and needs no entry.
 struct StoreChanges {
-    std::vector<const ManagedObject*> inserted;
+    std::vector<const ManagedObject*> inserted; // written whole, also over a row that is there
     std::vector<std::pair<const ManagedObject*, ColumnSet>> updated;
     std::vector<const ManagedObject*> deleted;
     std::vector<JoinRow> joined;

@@ -4,6 +4,7 @@
 #include "platform/foundation/Log.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -12,7 +13,10 @@ namespace quillet {
 // Points the shared instances of this process at a fresh data directory. Every test is a process of its own.
 class TemporaryLibrary : public ::testing::Test {
 protected:
-    TemporaryLibrary() { qputenv("XDG_DATA_HOME", root.path().toUtf8()); }
+    explicit TemporaryLibrary(const QString& parentFolder = QDir::tempPath())
+        : root(parentFolder + QStringLiteral("/quillet-XXXXXX")) {
+        qputenv("XDG_DATA_HOME", root.path().toUtf8());
+    }
 
     // Runs what is queued for the main loop.
     static void turn() {

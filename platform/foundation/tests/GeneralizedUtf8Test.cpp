@@ -35,6 +35,10 @@ TEST(GeneralizedUtf8, BrokenBytesBecomeReplacementCharacters) {
 
 TEST(GeneralizedUtf8, PlainTextIsWellFormedAndHoldsNoNul) {
     EXPECT_TRUE(isPlainText(QString::fromUtf8("plain 😀\r\n")));
+    EXPECT_TRUE(isPlainText(QStringLiteral("within\uFEFF")));
+    EXPECT_FALSE(isPlainText(QStringLiteral("\uFEFFin front")));
+    EXPECT_FALSE(isPlainText(QStringLiteral("x\uFFFE")));
+    EXPECT_FALSE(isPlainText(QStringLiteral("x\uFFFF")));
     EXPECT_FALSE(isPlainText(QString(QChar(u'\0'))));
     EXPECT_FALSE(isPlainText(QString(QChar(char16_t{0xD800}))));
     EXPECT_FALSE(isPlainText(QStringLiteral("x") + QChar(char16_t{0xDC00})));

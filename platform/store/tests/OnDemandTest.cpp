@@ -87,6 +87,25 @@ TEST_F(OnDemand, AStoreThatCannotBeReadIsAnErrorAndNoEmptyValue) {
     EXPECT_EQ(book->value(shelf::Cover).toByteArray(), cover(0)) << "a detached object keeps what it had";
 }
 
+TEST_F(OnDemand, AnObjectThatComesBackAfterItsRowIsGoneHasWhatWasInMemory) {
+    {
+        Library library(path);
+        addBooks(library, 1);
+    }
+    Library library(path);
+    const auto book = library.all("Book").at(0);
+    Library other(path);
+    other.context.deleteObject(*other.all("Book").at(0));
+    ASSERT_TRUE(other.context.save());
+    ASSERT_TRUE(library.context.mergeChanges());
+    ASSERT_EQ(book->context(), nullptr);
+    library.context.insert(book);
+    ASSERT_TRUE(library.context.save());
+    Library reopened(path);
+    EXPECT_EQ(reopened.all("Book").at(0)->value(shelf::Title).toString(), QStringLiteral("b"));
+    EXPECT_TRUE(reopened.all("Book").at(0)->value(shelf::Cover).isNull());
+}
+
 TEST_F(OnDemand, AnotherConnectionsChangeIsReadAnew) {
     Library library(path);
     addBooks(library, 1);
