@@ -132,7 +132,10 @@ void ManagedObject::requireSameContext(const ManagedObject& other) const {
 }
 
 std::shared_ptr<ManagedObject> makeDetached(const EntityDescription& entity) {
-    return entity.makeObject ? entity.makeObject() : std::make_shared<ManagedObject>(entity);
+    if (!entity.makeObject) return std::make_shared<ManagedObject>(entity);
+    auto object = entity.makeObject();
+    if (&object->entity() != &entity) fatalError("An entity's class makes objects of another entity");
+    return object;
 }
 
 } // namespace platform

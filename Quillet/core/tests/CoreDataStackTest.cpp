@@ -124,6 +124,8 @@ TEST_F(CoreDataStackTest, AStoreOfAnEarlierModelIsMigratedAndOneOfALaterModelIsL
     Snippet::create(QStringLiteral("kept"), {}, QStringLiteral("c"), QStringLiteral("swift"));
     CoreDataStack::shared().save(SaveReason::AddedSnippet);
     auto entities = libraryModel()->entities();
+    for (auto& entity : entities)
+        entity.makeObject = {}; // the program's classes belong to the program's model
     entities[0].attributes.push_back(
         {QStringLiteral("rating"), platform::AttributeType::Integer16, platform::Presence::Optional});
     platform::PersistentContainer later(QStringLiteral("Quillet"),
