@@ -1,5 +1,7 @@
 #include "app/AppDelegate.h"
 
+#include "Quillet/core/UserSettings.h"
+
 #include <QtWidgets/QApplication>
 
 namespace quillet {
@@ -11,6 +13,7 @@ AppDelegate::AppDelegate()
 
 AppDelegate::~AppDelegate() {
     m_coreDataStack->save(SaveReason::AppTermination);
+    defaultKeyValueStore().synchronize();
 }
 
 void AppDelegate::didFinishLaunching() {

@@ -1,5 +1,6 @@
 #include "app/SceneDelegate.h"
 
+#include "Quillet/core/UserSettings.h"
 #include "platform/screens/DesktopAppearance.h"
 
 #include <QtGui/QGuiApplication>
@@ -36,6 +37,8 @@ bool SceneDelegate::eventFilter(QObject* watched, QEvent* event) {
 
 void SceneDelegate::didEnterBackground() {
     m_window->save();
+    // Some settings wait for somebody to put them on the disk.
+    defaultKeyValueStore().synchronize();
 }
 
 } // namespace quillet

@@ -28,10 +28,13 @@ SingleInstance::SingleInstance(const QString& directory) {
         listen(name);
         return;
     }
-    m_isAnotherRunning = true;
     QLocalSocket socket;
     socket.connectToServer(name);
-    if (socket.waitForConnected(connectTimeoutMilliseconds)) socket.disconnectFromServer();
+    m_isAnotherRunning = socket.waitForConnected(connectTimeoutMilliseconds);
+    if (m_isAnotherRunning)
+        socket.disconnectFromServer();
+    else
+        listen(name); // a lock that nobody stands behind: left by a crash under another host name
 }
 
 void SingleInstance::listen(const QString& name) {

@@ -9,8 +9,9 @@
 namespace quillet {
 
 // One running program a user and data directory: the first holds a lock file in the directory, every later
-// one asks it to come to the front. Where the directory cannot be written there is no lock, and the program
-// runs. Main thread.
+// one asks it to come to the front. Where the directory cannot be written there is no lock, and where nobody
+// answers for the lock it counts for nothing: the program runs then, and the store bears a second one. Main
+// thread.
 class SingleInstance {
 public:
     explicit SingleInstance(const QString& directory);

@@ -1,11 +1,16 @@
 #include "Quillet/core/DataDirectory.h"
 #include "app/AppDelegate.h"
 #include "app/SingleInstance.h"
+#include "app/TerminationSignals.h"
 #include "platform/foundation/Log.h"
 
 #include <QtWidgets/QApplication>
 
+#include <csignal>
+
 int main(int argc, char** argv) {
+    // Whoever reads the log may go away; that must not end the program.
+    std::signal(SIGPIPE, SIG_IGN);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillet"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLET_VERSION));
@@ -19,5 +24,9 @@ int main(int argc, char** argv) {
     quillet::AppDelegate delegate;
     delegate.didFinishLaunching();
     instance.setOnActivate([&delegate] { delegate.activate(); });
+    const quillet::TerminationSignals termination([&delegate] {
+        delegate.save();
+        QApplication::quit();
+    });
     return QApplication::exec();
 }

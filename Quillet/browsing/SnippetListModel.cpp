@@ -22,16 +22,20 @@ struct Sortable {
     std::shared_ptr<Snippet> snippet;
 };
 
-bool comesBefore(const Sortable& a, const Sortable& b) {
-    if (UserSettings::shared().sortIndex.value() != 0) return a.title < b.title;
-    // Two readings of the clock: the second is never earlier, so two snippets without a date are in no order.
-    const auto first = a.lastUpdate.value_or(QDateTime::currentDateTimeUtc());
-    const auto second = b.lastUpdate.value_or(QDateTime::currentDateTimeUtc());
-    return first > second;
+// The order is fixed for a whole sort: a setting or a clock that moved between two comparisons would leave no
+// order at all, and the sort outside of its array.
+void sortByTheSetting(std::vector<Sortable>& members) {
+    if (UserSettings::shared().sortIndex.value() != 0) {
+        std::ranges::stable_sort(members, {}, &Sortable::title);
+        return;
+    }
+    const auto now = QDateTime::currentDateTimeUtc();
+    std::ranges::stable_sort(members, std::ranges::greater(),
+                             [&now](const Sortable& member) { return member.lastUpdate.value_or(now); });
 }
 
 ListItem::Children leavesOf(std::vector<Sortable> members) {
-    std::ranges::stable_sort(members, comesBefore);
+    sortByTheSetting(members);
     ListItem::Children leaves;
     leaves.reserve(members.size());
     for (auto& member : members)
@@ -85,11 +89,8 @@ SnippetListModel::SnippetListModel()
     , m_snippetRepository(CoreDataStack::shared().viewContext())
     , m_folderRepository(CoreDataStack::shared().viewContext()) {
     refresh();
-    // Each repository tells its current value at once; the groups above already hold it.
     const auto later = [this](auto& results) {
-        return results.observe([this, first = true](const auto&) mutable {
-            if (!std::exchange(first, false)) refresh();
-        });
+        return results.observeChanges([this](const auto&) { refresh(); });
     };
     m_cancellables.push_back(later(m_tagRepository.results()));
     m_cancellables.push_back(later(m_snippetRepository.results()));

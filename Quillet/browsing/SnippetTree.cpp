@@ -10,9 +10,7 @@ SnippetTree::SnippetTree(SnippetListModel& model, QObject* parent)
     , m_root(std::make_unique<Node>()) {
     rebuild();
     // Languages are the last group that a rebuild of the list model publishes.
-    m_subscriptions.push_back(model.languageItems.observe([this, first = true](const auto&) mutable {
-        if (!std::exchange(first, false)) rebuild();
-    }));
+    m_subscriptions.push_back(model.languageItems.observeChanges([this](const auto&) { rebuild(); }));
 }
 
 void SnippetTree::rebuild() {

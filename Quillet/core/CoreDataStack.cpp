@@ -53,7 +53,7 @@ void CoreDataStack::save(SaveReason reason) {
 void CoreDataStack::saveContext() {
     auto saved = viewContext().save();
     auto health = m_health.value();
-    if (saved.has_value() == !health.saveError.has_value()) return;
+    if (saved && !health.saveError) return;
     health.saveError = saved ? std::nullopt : std::optional(saved.error());
     m_health.set(health);
 }

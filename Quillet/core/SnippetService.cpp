@@ -5,7 +5,8 @@
 namespace quillet {
 
 SnippetService::SnippetService(CoreDataStack& stack)
-    : m_stack(&stack) {}
+    : m_stack(&stack)
+    , m_coreDataContext(&stack.viewContext()) {}
 
 SnippetService& SnippetService::shared() {
     static SnippetService service;
@@ -13,14 +14,14 @@ SnippetService& SnippetService::shared() {
 }
 
 void SnippetService::save(const std::shared_ptr<Snippet>& snippet) {
-    if (!snippet->context()) m_stack->viewContext().insert(snippet);
+    if (!snippet->context()) m_coreDataContext->insert(snippet);
     platform::logLine(QStringLiteral("💾 Saving a snippet"));
     m_stack->saveContext();
 }
 
 void SnippetService::remove(Snippet& snippet) {
     platform::logLine(QStringLiteral("💾 Deleting a snippet"));
-    m_stack->viewContext().deleteObject(snippet);
+    m_coreDataContext->deleteObject(snippet);
     m_stack->saveContext();
 }
 

@@ -8,6 +8,7 @@ namespace quillet {
 // Saves and deletes snippets. A failed save drops its error and leaves the change pending. Main thread.
 class SnippetService {
 public:
+    // Builds the stack's container where that has not happened yet.
     explicit SnippetService(CoreDataStack& stack = CoreDataStack::shared());
 
     static SnippetService& shared();
@@ -18,6 +19,7 @@ public:
 
 private:
     CoreDataStack* m_stack;
+    platform::ManagedObjectContext* m_coreDataContext;
 };
 
 } // namespace quillet

@@ -164,11 +164,12 @@ void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
 void SnippetViewController::saveContents(Silent silent) {
     if (!m_snippet) createFromText();
     if (!m_snippet) return;
-    // A snippet that was deleted elsewhere keeps its text on screen, and there is nothing to write it to. A
-    // text that nobody touched here may have a newer one in the store.
-    if (m_snippet->context() && m_textView->document()->isModified()) {
+    // A text that nobody touched here may have a newer one in the store.
+    if (m_textView->document()->isModified()) {
         m_snippet->setCode(m_textView->text());
         m_textView->document()->setModified(false);
+        // Deleted elsewhere meanwhile, it comes back with what was typed into it.
+        if (!m_snippet->context()) SnippetService().save(m_snippet);
     }
     CoreDataStack::shared().save(SaveReason::AddedSnippet);
     if (silent == Silent::Yes) return;
@@ -186,7 +187,7 @@ void SnippetViewController::createFromText() {
 }
 
 void SnippetViewController::autoSave() {
-    if (m_snippet && m_snippet->context() && m_textView->document()->isModified()) saveContents(Silent::No);
+    if (m_snippet && m_textView->document()->isModified()) saveContents(Silent::No);
 }
 
 void SnippetViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {

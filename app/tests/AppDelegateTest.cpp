@@ -2,8 +2,12 @@
 
 #include "Quillet/core/tests/TemporaryLibrary.h"
 #include "Quillet/screens/SnippetViewController.h"
+#include "app/TerminationSignals.h"
 
 #include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+
+#include <csignal>
 
 using namespace quillet;
 
@@ -39,6 +43,19 @@ TEST_F(AppDelegateTest, LeavingTheScreenSavesWhatIsOnIt) {
     delegate.save();
     EXPECT_EQ(stored().size(), 1);
     EXPECT_TRUE(stored().first().contains(QStringLiteral("more")));
+}
+
+TEST_F(AppDelegateTest, ATerminationSignalSavesBeforeTheEnd) {
+    AppDelegate delegate;
+    delegate.didFinishLaunching();
+    const TerminationSignals termination([&delegate] {
+        delegate.save();
+        QApplication::quit();
+    });
+    QTest::keyClicks(&code(delegate), QStringLiteral("unsaved"));
+    QMetaObject::invokeMethod(qApp, [] { std::raise(SIGTERM); }, Qt::QueuedConnection);
+    QApplication::exec();
+    EXPECT_EQ(stored(), QStringList{QStringLiteral("unsaved")});
 }
 
 TEST_F(AppDelegateTest, TheLibraryIsThereBeforeTheWindowAndSavedAtTheEnd) {

@@ -87,6 +87,11 @@ public:
         m_changes.emit(m_value);
     }
 
+    // Tells `observer` each later value.
+    Subscription observeChanges(typename Signal<T>::Observer observer) {
+        return m_changes.observe(std::move(observer));
+    }
+
     // Tells `observer` the current value at once, and each later one.
     Subscription observe(typename Signal<T>::Observer observer) {
         observer(m_value);

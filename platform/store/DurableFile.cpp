@@ -7,6 +7,8 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 
+#include <unistd.h>
+
 namespace platform {
 
 namespace {
@@ -23,7 +25,9 @@ bool replaceDurably(const QString& path, const QByteArray& bytes) {
     if (!makeFolder(QFileInfo(path).absolutePath())) return false;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) return false;
-    if (file.write(bytes) != bytes.size() || !file.commit()) return false;
+    if (file.write(bytes) != bytes.size()) return false;
+    // commit() syncs as well, and does not tell where that fails.
+    if (!file.flush() || fsync(file.handle()) != 0 || !file.commit()) return false;
     return syncToDisk(QFileInfo(path).canonicalPath()); // where a link leads, as QSaveFile wrote there
 }
 

@@ -11,6 +11,8 @@ public:
     using Objects = std::vector<std::shared_ptr<ManagedObject>>;
 
     FetchedResultsController(FetchRequest request, ManagedObjectContext& context);
+    FetchedResultsController(const FetchedResultsController&) = delete;
+    FetchedResultsController& operator=(const FetchedResultsController&) = delete;
 
     // Fills fetchedObjects().
     void performFetch();

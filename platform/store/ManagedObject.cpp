@@ -17,6 +17,12 @@ bool ManagedObject::isFault(qsizetype attribute) const {
     return m_values[static_cast<std::size_t>(attribute)].metaType() == QMetaType::fromType<Fault>();
 }
 
+bool ManagedObject::isWhole() const {
+    for (std::size_t i = 0; i < m_values.size(); ++i)
+        if (isFault(static_cast<qsizetype>(i))) return false;
+    return true;
+}
+
 qsizetype ManagedObject::loadedBytes() const {
     qsizetype bytes = 0;
     for (std::size_t i = 0; i < m_values.size(); ++i) {
@@ -129,6 +135,10 @@ void ManagedObject::disconnect(qsizetype relationship, ManagedObject& target) {
 void ManagedObject::requireSameContext(const ManagedObject& other) const {
     if (!m_context || m_context != other.m_context)
         fatalError("A relation needs two objects of the same context");
+}
+
+bool isEndOf(const ManagedObject& object, const RelationshipDescription& relationship) {
+    return object.entity().name == relationship.destination;
 }
 
 std::shared_ptr<ManagedObject> makeDetached(const EntityDescription& entity) {

@@ -76,6 +76,7 @@ private:
     struct Fault {};
 
     bool isFault(qsizetype attribute) const;
+    bool isWhole() const;
     // Of the values that are loaded on demand: the size of those in memory, and giving up all of them.
     qsizetype loadedBytes() const;
     void turnIntoFaults() const;
@@ -98,6 +99,9 @@ private:
     // One set a relationship; a to-one set has at most one member.
     std::vector<ObjectSet> m_related;
 };
+
+// Whether the relationship leads to objects of this one's entity. What a file says must not be believed.
+bool isEndOf(const ManagedObject& object, const RelationshipDescription& relationship);
 
 // A new object of the entity's class, or of none in particular where the entity names none.
 std::shared_ptr<ManagedObject> makeDetached(const EntityDescription& entity);

@@ -22,7 +22,9 @@ bool comesBefore(const ManagedObject& a, const ManagedObject& b,
 
 QVariant emptyValue(const AttributeDescription& attribute) {
     if (attribute.presence == Presence::Optional) return {};
-    return attribute.type == AttributeType::Binary ? QVariant(QByteArray("")) : QVariant(QStringLiteral(""));
+    if (attribute.type == AttributeType::String) return QStringLiteral("");
+    if (attribute.type == AttributeType::Binary) return QByteArray("");
+    fatalError("Only texts and data are loaded on demand");
 }
 
 } // namespace
@@ -47,6 +49,8 @@ StoreResult<void> ManagedObjectContext::setStore(std::unique_ptr<SqliteStore> st
 void ManagedObjectContext::insert(const std::shared_ptr<ManagedObject>& object) {
     if (object->m_context == this) return;
     if (object->m_context) fatalError("An object belongs to at most one context");
+    // Another connection may have brought the object back while this one was detached: then they are two.
+    if (m_byID.contains(object->objectID())) object->m_objectID = QUuid::createUuid();
     adopt(object);
     m_pending.insert(object);
     // What a detached object had in the store alone went with its row.
@@ -179,29 +183,36 @@ StoreResult<void> ManagedObjectContext::loadGraph(SqliteStore& store) {
         },
         [&](const JoinRow& row) {
             auto* source = byID.value(row.source);
-            if (!source) return;
+            if (!source || !isEndOf(*source, m_model->inverseOf(*row.relationship))) return;
             const auto index = row.relationship - source->entity().relationships.data();
             links.push_back({source, static_cast<std::size_t>(index), row.target});
         }));
+    if (byID.size() != static_cast<qsizetype>(loaded.size()))
+        return std::unexpected(
+            StoreError{StoreError::Kind::Corrupt, QStringLiteral("two objects have one identity")});
     for (auto& object : loaded)
         adopt(std::move(object));
-    for (const auto& link : links)
-        if (auto* target = m_byID.value(link.target))
+    for (const auto& link : links) {
+        auto* target = m_byID.value(link.target);
+        if (target && isEndOf(*target, link.source->entity().relationships[link.relationship]))
             link.source->connect(static_cast<qsizetype>(link.relationship), *target);
+    }
     return {};
 }
 
 void ManagedObjectContext::makeWhole(const ManagedObject& object) {
-    if (!m_store) return;
-    for (std::size_t i = 0; i < object.m_values.size(); ++i) {
-        // Where that fails the change stands all the same; only a deletion elsewhere would then win over it.
+    if (!m_store || object.isWhole()) return;
+    // Where that fails the change stands all the same, and only a deletion elsewhere would win over it. So it
+    // does not wait for a lock, which a loop over a thousand objects would do a thousand times.
+    (void)m_store->setPatience(SqliteConnection::Patience::None);
+    for (std::size_t i = 0; i < object.m_values.size(); ++i)
         if (object.isFault(static_cast<qsizetype>(i))) (void)fulfilFault(object, static_cast<qsizetype>(i));
-    }
+    (void)m_store->setPatience(SqliteConnection::Patience::Normal);
 }
 
 StoreResult<QVariant> ManagedObjectContext::fulfilFault(const ManagedObject& object, qsizetype attribute) {
     if (!m_store)
-        return std::unexpected(StoreError{StoreError::Kind::Missing, QStringLiteral("no store is loaded")});
+        return std::unexpected(StoreError{StoreError::Kind::NotLoaded, QStringLiteral("no store is loaded")});
     auto value = m_store->readValue(object.entity(), attribute, object.objectID());
     if (!value) return value;
     object.m_values[static_cast<std::size_t>(attribute)] = *value;

@@ -93,6 +93,7 @@ std::expected<std::vector<EntityDescription>, QString> unarchiveModel(const QByt
         const QJsonObject object = value.toObject();
         EntityDescription entity;
         entity.name = object.value(nameKey).toString();
+        if (entity.name.isEmpty()) return std::unexpected(QStringLiteral("an entity without a name"));
         for (const auto& attribute : object.value(attributesKey).toArray()) {
             auto read = attributeFrom(attribute.toObject());
             if (!read) return std::unexpected(read.error());

@@ -80,13 +80,13 @@ void PendingChanges::insert(const std::shared_ptr<ManagedObject>& object) {
     m_inserted.insert(object->objectID(), object);
 }
 
-void PendingChanges::insertedIsStored(ManagedObject& object) {
+void PendingChanges::noteStored(ManagedObject& object) {
     m_inserted.remove(object.objectID());
     m_perhapsStored.remove(object.objectID());
     m_updated.insert(&object, ownColumns(object.entity()));
 }
 
-void PendingChanges::isMissing(ManagedObject& object) {
+void PendingChanges::noteMissing(ManagedObject& object) {
     forget(object);
     m_inserted.insert(object.objectID(), object.shared_from_this());
     const auto& relationships = object.entity().relationships;

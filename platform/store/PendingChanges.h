@@ -38,18 +38,18 @@ public:
 
     void insert(const std::shared_ptr<ManagedObject>& object);
     // An object that the store turned out to hold: all its columns are written over the stored ones.
-    void insertedIsStored(ManagedObject& object);
+    void noteStored(ManagedObject& object);
     // An object that the store turned out to lack.
-    void isMissing(ManagedObject& object);
+    void noteMissing(ManagedObject& object);
     void update(ManagedObject& object, qsizetype column);
     // The relation between the two was made or cut.
     void updateRelation(ManagedObject& source, qsizetype relationship, ManagedObject& target,
                         qsizetype inverse);
 
     // What the store turned out to say of a membership: the same as memory, or not.
-    void membershipIsStored(const JoinRow& row) { m_joins.remove(row); }
+    void noteMembershipStored(const JoinRow& row) { m_joins.remove(row); }
 
-    void membershipDiffers(const JoinRow& row, bool isMember) { m_joins.insert(row, isMember); }
+    void noteMembershipDiffers(const JoinRow& row, bool isMember) { m_joins.insert(row, isMember); }
 
     // The memberships that were added or removed.
     QList<JoinRow> memberships() const { return m_joins.keys(); }

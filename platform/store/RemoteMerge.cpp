@@ -36,11 +36,11 @@ void RemoteMerge::applyMemberships(const RemoteChanges& remote) {
         known.insert(row.objectID);
     for (const auto& row : pending.memberships()) {
         const bool isKnown = known.contains(row.source) || m_renewed.contains(row.target);
-        if (isKnown && pending.membership(row) == stored.contains(row)) pending.membershipIsStored(row);
+        if (isKnown && pending.membership(row) == stored.contains(row)) pending.noteMembershipStored(row);
     }
     for (const auto& row : remote.rows) {
         auto* object = m_context->m_byID.value(row.objectID);
-        if (!object) continue;
+        if (!object || &object->entity() != row.entity) continue;
         const auto& entities = m_context->model().entities();
         for (std::size_t i = 0; i < row.entity->relationships.size(); ++i) {
             const auto& relationship = row.entity->relationships[i];
@@ -58,8 +58,8 @@ void RemoteMerge::applyDeletion(const QUuid& id) {
     auto& pending = m_context->m_pending;
     auto* object = m_context->m_byID.value(id);
     if (!object) return pending.forgetMemberships(id);
-    if (pending.isInserted(*object) || (pending.isChanged(*object) && isWhole(*object))) {
-        pending.isMissing(*object);
+    if (pending.isInserted(*object) || (pending.isChanged(*object) && object->isWhole())) {
+        pending.noteMissing(*object);
         return;
     }
     m_changes.deleted.push_back(object->shared_from_this());
@@ -73,12 +73,6 @@ void RemoteMerge::applyDeletion(const QUuid& id) {
     m_context->release(*object);
 }
 
-bool RemoteMerge::isWhole(const ManagedObject& object) const {
-    for (std::size_t i = 0; i < object.m_values.size(); ++i)
-        if (object.isFault(static_cast<qsizetype>(i))) return false;
-    return true;
-}
-
 void RemoteMerge::takeIn(const StoreRow& row) {
     if (m_context->m_byID.contains(row.objectID) || m_context->m_pending.isDeleted(row.objectID)) return;
     auto object = m_context->makeObject(row);
@@ -88,9 +82,9 @@ void RemoteMerge::takeIn(const StoreRow& row) {
 
 void RemoteMerge::applyRow(const StoreRow& row) {
     auto* object = m_context->m_byID.value(row.objectID);
-    if (!object) return;
+    if (!object || &object->entity() != row.entity) return;
     if (m_context->m_pending.isInserted(*object)) {
-        m_context->m_pending.insertedIsStored(*object);
+        m_context->m_pending.noteStored(*object);
         m_kept.insert(object);
         return;
     }
@@ -120,6 +114,8 @@ void RemoteMerge::applyToOne(ManagedObject& object, qsizetype relationship, cons
     const auto column = static_cast<qsizetype>(object.entity().attributes.size()) + relationship;
     if (m_context->m_pending.isColumnChanged(object, column)) return;
     auto* target = m_context->m_byID.value(targetID);
+    const auto& description = object.entity().relationships[static_cast<std::size_t>(relationship)];
+    if (target && !isEndOf(*target, description)) target = nullptr;
     auto* current = object.toOne(relationship);
     // The next save deletes what the row refers to, so it has to cut the row's reference as well.
     if (!target && m_context->m_pending.isDeleted(targetID)) m_context->m_pending.update(object, column);
@@ -141,7 +137,7 @@ void RemoteMerge::cutJoins(ManagedObject& object, qsizetype relationship, const 
         const auto row = pending.joinRow(object, relationship, *member);
         if (!row || stored.contains(*row) || pending.membership(*row)) continue;
         if (m_kept.contains(&object)) {
-            pending.membershipDiffers(*row, true);
+            pending.noteMembershipDiffers(*row, true);
             continue;
         }
         object.disconnect(relationship, *member);
@@ -155,10 +151,13 @@ void RemoteMerge::applyJoin(const JoinRow& row) {
     auto* owner = m_context->m_byID.value(row.source);
     auto* member = m_context->m_byID.value(row.target);
     // An end that is deleted here may be brought back before the deletion is written.
-    if (!owner || !member) return pending.membershipDiffers(row, false);
+    if (!owner || !member) return pending.noteMembershipDiffers(row, false);
+    if (!isEndOf(*member, *row.relationship) ||
+        !isEndOf(*owner, m_context->model().inverseOf(*row.relationship)))
+        return;
     const auto relationship = row.relationship - owner->entity().relationships.data();
     if (owner->toMany(relationship).contains(member) || pending.membership(row)) return;
-    if (m_kept.contains(owner)) return pending.membershipDiffers(row, false);
+    if (m_kept.contains(owner)) return pending.noteMembershipDiffers(row, false);
     owner->connect(relationship, *member);
     noteUpdated(*member);
     noteUpdated(*owner);

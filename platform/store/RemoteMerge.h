@@ -19,7 +19,6 @@ private:
     void applyObjects(const RemoteChanges& remote);
     void applyMemberships(const RemoteChanges& remote);
     void applyDeletion(const QUuid& id);
-    bool isWhole(const ManagedObject& object) const;
     void takeIn(const StoreRow& row);
     void applyRow(const StoreRow& row);
     void applyValue(ManagedObject& object, qsizetype attribute, const QVariant& value);

@@ -14,6 +14,8 @@ constexpr int busyTimeoutMilliseconds = 1000;
 
 // SQLite's primary result codes, from its documentation.
 StoreError::Kind kindOfCode(int code) {
+    constexpr int readOnlyMoved = 8 | (4 << 8);
+    if (code == readOnlyMoved) return StoreError::Kind::Replaced;
     switch (code & 0xFF) {
     case 5:
     case 6:
@@ -38,7 +40,9 @@ StoreError::Kind kindOfCode(int code) {
 }
 
 std::unexpected<StoreError> failure(const QSqlError& error) {
-    return std::unexpected(StoreError{kindOfCode(error.nativeErrorCode().toInt()), error.text()});
+    const auto kind = kindOfCode(error.nativeErrorCode().toInt());
+    const QString replaced = QStringLiteral("the library's file was moved or deleted while the program ran");
+    return std::unexpected(StoreError{kind, kind == StoreError::Kind::Replaced ? replaced : error.text()});
 }
 
 } // namespace
@@ -87,6 +91,16 @@ StoreResult<std::shared_ptr<QSqlQuery>> SqliteConnection::start(const QString& s
 
 StoreResult<void> SqliteConnection::run(const QString& sql, const QVariantList& values) {
     return query(sql, values, [](const QSqlQuery&) {});
+}
+
+StoreResult<void> SqliteConnection::runOnOneRow(const QString& sql, const QVariantList& values) {
+    auto query = start(sql, values);
+    if (!query) return std::unexpected(query.error());
+    const int rows = (*query)->numRowsAffected();
+    (*query)->finish();
+    if (rows == 1) return {};
+    return std::unexpected(
+        StoreError{StoreError::Kind::Corrupt, QStringLiteral("an object is not found where it was stored")});
 }
 
 StoreResult<void> SqliteConnection::query(const QString& sql, const QVariantList& values,

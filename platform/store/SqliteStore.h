@@ -85,6 +85,11 @@ public:
     StoreResult<QVariant> readValue(const EntityDescription& entity, qsizetype attribute,
                                     const QUuid& objectID);
 
+    // As of the connection.
+    StoreResult<void> setPatience(SqliteConnection::Patience patience) {
+        return m_connection->setPatience(patience);
+    }
+
     // What others committed since this store last looked. Fails with Busy at once instead of waiting.
     StoreResult<RemoteChanges> readRemoteChanges();
 

@@ -16,6 +16,7 @@ struct StoreError {
         Busy,         // another process holds the lock
         Full,         // no space
         ReadOnly,
+        Replaced, // the file is no longer the one that was opened
         InputOutput,
         Corrupt,
         Constraint, // a required value is absent

@@ -1,8 +1,10 @@
 #include "platform/store/StoreMetadata.h"
 
 #include "platform/store/ModelArchive.h"
+#include "platform/store/StoreSchema.h"
 
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QSet>
 
 namespace platform {
 
@@ -27,6 +29,25 @@ StoreResult<void> requireKnownVersion(SqliteConnection& connection) {
         StoreError{StoreError::Kind::TooNew, QStringLiteral("the store was written by a newer version")});
 }
 
+std::unexpected<StoreError> damaged(const QString& message) {
+    return std::unexpected(StoreError{StoreError::Kind::Corrupt, message});
+}
+
+// The statements of which the file's tables, indexes, views and triggers were made. SQLite keeps them letter
+// for letter.
+StoreResult<QSet<QString>> schemaOf(SqliteConnection& connection) {
+    QSet<QString> statements;
+    STORE_TRY(connection.query(
+        QStringLiteral(
+            "SELECT sql FROM sqlite_schema WHERE sql IS NOT NULL AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\'"),
+        {}, [&statements](const QSqlQuery& row) { statements.insert(row.value(0).toString()); }));
+    return statements;
+}
+
+QSet<QString> setOf(const QStringList& statements) {
+    return {statements.begin(), statements.end()};
+}
+
 } // namespace
 
 StoreResult<bool> isBlank(SqliteConnection& connection) {
@@ -44,6 +65,12 @@ StoreResult<StoreMetadata> readMetadata(SqliteConnection& connection) {
     auto blank = isBlank(connection);
     if (!blank) return std::unexpected(blank.error());
     if (*blank) return notAStore(QStringLiteral("the file is empty"));
+    // A view or a trigger in a table's place could do anything, so nothing is read but tables as we make
+    // them.
+    auto schema = schemaOf(connection);
+    if (!schema) return std::unexpected(schema.error());
+    if (!schema->contains(setOf(commonTables())))
+        return damaged(QStringLiteral("the store's tables are not as they were made"));
     QHash<QString, QVariant> values;
     STORE_TRY(connection.query(
         QStringLiteral("SELECT key, value FROM \"_Metadata\""), {},
@@ -52,8 +79,9 @@ StoreResult<StoreMetadata> readMetadata(SqliteConnection& connection) {
     const QByteArray hash = values.value(modelHashKey).toByteArray();
     auto entities = unarchiveModel(archive);
     if (!entities || hash != QCryptographicHash::hash(archive, QCryptographicHash::Sha256))
-        return std::unexpected(
-            StoreError{StoreError::Kind::Corrupt, QStringLiteral("the store's model is damaged")});
+        return damaged(QStringLiteral("the store's model is damaged"));
+    if (*schema != setOf(commonTables() + tablesOf(*entities)))
+        return damaged(QStringLiteral("the store's tables are not as they were made"));
     return StoreMetadata{values.value(modelVersionKey).toInt(), hash, std::move(*entities)};
 }
 

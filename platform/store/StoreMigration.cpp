@@ -99,10 +99,10 @@ StoreResult<void> migrateTables(SqliteConnection& connection, const StoreMetadat
 
 StoreResult<void> copyVerified(SqliteConnection& connection, const QString& path) {
     STORE_TRY(requireCheck(connection, QStringLiteral("PRAGMA integrity_check(1)"), QStringLiteral("ok")));
-    STORE_TRY(connection.run(QStringLiteral("VACUUM INTO ?"), {path}));
-    auto verified = verifyCopy(connection, path);
-    if (!verified) QFile::remove(path);
-    return verified;
+    auto copied = connection.run(QStringLiteral("VACUUM INTO ?"), {path});
+    if (copied) copied = verifyCopy(connection, path);
+    if (!copied) QFile::remove(path);
+    return copied;
 }
 
 StoreResult<void> migrate(SqliteConnection& connection, const StoreMetadata& metadata,

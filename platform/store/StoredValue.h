@@ -9,7 +9,7 @@ namespace platform {
 // How values lie in SQLite's columns.
 //
 // Dates are whole milliseconds since 1970 UTC: an integer compares and merges exactly. Text is TEXT, but
-// where SQLite would alter it (lone surrogates, NUL), it is a BLOB of generalized UTF-8 in the same column.
+// where SQLite would alter it (isPlainText() tells), it is a BLOB of generalized UTF-8 in the same column.
 
 // The declared type of the column, for a STRICT table.
 QString columnType(AttributeType type);

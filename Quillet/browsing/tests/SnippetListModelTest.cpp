@@ -121,6 +121,22 @@ TEST_F(SnippetListModelTest, FollowsTheLibraryAndKeepsListItemsEmpty) {
     EXPECT_TRUE(model.listItems.value().empty());
 }
 
+TEST_F(SnippetListModelTest, PublishesTagsThenFoldersThenLanguages) {
+    SnippetListModel model;
+    QStringList published;
+    std::vector<platform::Subscription> subscriptions;
+    const auto note = [&](auto& items, const char* name) {
+        subscriptions.push_back(items.observeChanges(
+            [&published, name](const auto&) { published += QString::fromLatin1(name); }));
+    };
+    note(model.languageItems, "languages");
+    note(model.folderItems, "folders");
+    note(model.tagItems, "tags");
+    model.rebuild({}, {}, {});
+    EXPECT_EQ(published,
+              (QStringList{QStringLiteral("tags"), QStringLiteral("folders"), QStringLiteral("languages")}));
+}
+
 TEST_F(SnippetListModelTest, RowsAreKnownByWhatTheyAreAndNotByTheirChildren) {
     const auto snippet = add(QStringLiteral("s"));
     const auto other = add(QStringLiteral("s"));

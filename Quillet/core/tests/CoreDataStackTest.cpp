@@ -105,6 +105,10 @@ TEST_F(CoreDataStackTest, HealthTellsOfAFailedSaveAndOfTheNextThatWorks) {
     ASSERT_TRUE(CoreDataStack::shared().health().value().saveError);
     EXPECT_EQ(CoreDataStack::shared().health().value().saveError->kind, StoreError::Kind::Busy);
     ASSERT_TRUE(other->run(QStringLiteral("ROLLBACK")));
+    Snippet::create(QStringLiteral("t"), {}, {}, QStringLiteral("swift"))->setValue(Snippet::Title, {});
+    CoreDataStack::shared().save(SaveReason::AddedSnippet);
+    EXPECT_EQ(CoreDataStack::shared().health().value().saveError->kind, StoreError::Kind::Constraint);
+    context().deleteObject(*context().fetch({QStringLiteral("Snippet"), {}, {}, {}}).back());
     CoreDataStack::shared().save(SaveReason::AddedSnippet);
     EXPECT_FALSE(CoreDataStack::shared().health().value().saveError);
     CoreDataStack reopened(directory);

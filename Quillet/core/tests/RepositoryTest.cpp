@@ -44,11 +44,15 @@ TEST_F(RepositoryTest, TwoChangesInOneTurnAreToldTwice) {
 
 TEST_F(RepositoryTest, MayGoBeforeItsScheduledStepRuns) {
     auto repository = std::make_unique<Repository<Snippet>>(context());
+    int told = 0;
+    const auto subscription = repository->results().observeChanges([&](const auto&) { ++told; });
     addSnippet();
     repository.reset();
     turn();
+    EXPECT_EQ(told, 1) << "the scheduled step runs once more";
     addSnippet();
     turn();
+    EXPECT_EQ(told, 1);
 }
 
 TEST_F(RepositoryTest, OtherEntitiesDoNotDisturb) {

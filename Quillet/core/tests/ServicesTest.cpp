@@ -73,6 +73,19 @@ TEST_F(ServicesTest, SavingADetachedSnippetInsertsItOnce) {
     EXPECT_EQ(count<Snippet>(), 2U);
 }
 
+TEST_F(ServicesTest, SavesAndDeletionsAreLoggedAheadOfTheirEffect) {
+    ::testing::internal::CaptureStdout();
+    bool isLogged = false;
+    const auto subscription = context().onChange([&isLogged](const auto& changes) {
+        isLogged = !changes.deleted.empty(); // the line stands when the change is told
+    });
+    snippet->setTitle(QStringLiteral("new"));
+    SnippetService::shared().save(snippet);
+    SnippetService::shared().remove(*snippet);
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "💾 Saving a snippet\n💾 Deleting a snippet\n");
+    EXPECT_TRUE(isLogged);
+}
+
 TEST_F(ServicesTest, SegmentsSortByDateAndOneWithoutADateComesLast) {
     const auto add = [this](const char* title, const QVariant& date) {
         auto segment = std::make_shared<Segment>();

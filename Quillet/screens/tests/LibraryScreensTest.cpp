@@ -1,4 +1,5 @@
 #include "Quillet/core/Repository.h"
+#include "Quillet/core/SnippetService.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 #include "Quillet/screens/HealthBanner.h"
 #include "Quillet/screens/Languages.h"
@@ -175,6 +176,20 @@ TEST_F(LibraryScreens, ATextThatNobodyTouchedHereDoesNotOverwriteANewerOne) {
     ASSERT_TRUE(context().mergeChanges());
     window->save();
     EXPECT_EQ(codesOnDisk(), QStringList{QStringLiteral("newer")});
+}
+
+TEST_F(LibraryScreens, WhatIsTypedIntoASnippetThatWasDeletedElsewhereBringsItBack) {
+    open();
+    createByForm(QStringLiteral("Shared"), QStringLiteral("swift"));
+    window->save();
+    CoreDataStack other(directory);
+    SnippetService(other).remove(*Repository<Snippet>(other.viewContext()).results().value().at(0));
+    ASSERT_TRUE(context().mergeChanges());
+    window->save();
+    EXPECT_TRUE(codesOnDisk().isEmpty()) << "nobody typed anything, so the deletion stands";
+    QTest::keyClicks(code(), QStringLiteral("typed"));
+    window->save();
+    EXPECT_EQ(codesOnDisk(), QStringList{QStringLiteral("typed")});
 }
 
 TEST_F(LibraryScreens, ATextThatCannotBeReadIsNotShownAsEmptyAndNotOverwritten) {

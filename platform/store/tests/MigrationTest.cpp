@@ -1,4 +1,5 @@
 #include "platform/store/ModelArchive.h"
+#include "platform/store/tests/FileSizeLimit.h"
 #include "platform/store/tests/MixedLibrary.h"
 
 #include <QtCore/QDir>
@@ -49,7 +50,7 @@ TEST_F(Migration, TheModelComesBackFromItsArchive) {
         EXPECT_FALSE(unarchiveModel(archive.left(length)));
     for (const char* broken : {"[{}]", "[1]", R"([{"name":"A","attributes":[{"name":"x","type":"float"}]}])",
                                R"([{"name":"A","relationships":[{"name":"b","destination":"B"}]}])"})
-        EXPECT_TRUE(!unarchiveModel(broken) || unarchiveModel(broken)->at(0).attributes.empty()) << broken;
+        EXPECT_FALSE(unarchiveModel(broken)) << broken;
 }
 
 TEST_F(Migration, AttributesComeGoAndChangeTheirNames) {
@@ -142,6 +143,18 @@ TEST_F(Migration, AVerifiedCopyOfTheOldStoreStays) {
     ASSERT_FALSE(opened(entities).error);
     ASSERT_EQ(copies().size(), 1);
     EXPECT_EQ(shelf::storedDump(directory.filePath(copies()[0])), before);
+}
+
+TEST_F(Migration, ACopyThatFailsLeavesNothingBehindAndStopsTheMigration) {
+    auto entities = shelfEntities();
+    entities[0].attributes.pop_back();
+    {
+        const shelf::FileSizeLimit limit(bytes.size() / 2);
+        EXPECT_TRUE(opened(entities).error);
+    }
+    EXPECT_TRUE(copies().isEmpty());
+    EXPECT_EQ(shelf::bytesOf(path), bytes);
+    EXPECT_FALSE(opened(entities).error);
 }
 
 TEST_F(Migration, AStoreOfALaterModelIsLeftAlone) {

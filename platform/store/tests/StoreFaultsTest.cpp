@@ -1,10 +1,8 @@
+#include "platform/store/tests/FileSizeLimit.h"
 #include "platform/store/tests/ShelfModel.h"
 
 #include <QtCore/QFile>
 #include <gtest/gtest.h>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace platform;
 using shelf::Library;
@@ -99,14 +97,10 @@ TEST_F(StoreFaults, AFullDiskRollsTheSaveBackAndKeepsItPending) {
     auto big = library.make("Book", QString(200'000, u'x'));
     library.all("Book").at(0)->setValue(shelf::Pages, 9);
 
-    // A limit on the size of files fails writes just as a full disk does.
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const rlimit tight{static_cast<rlim_t>(bytesOf(path).size()) + 20'000, before.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-    const auto failed = library.context.save();
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    auto failed = [&] {
+        const shelf::FileSizeLimit limit(bytesOf(path).size() + 20'000);
+        return library.context.save();
+    }();
 
     ASSERT_FALSE(failed);
     EXPECT_TRUE(failed.error().kind == StoreError::Kind::Full ||
@@ -125,6 +119,48 @@ TEST_F(StoreFaults, AMissingRequiredValueFailsTheSaveWithoutWriting) {
     EXPECT_EQ(saved.error().kind, StoreError::Kind::Constraint);
     library.all("Book").at(0)->setValue(shelf::Title, QStringLiteral("now"));
     EXPECT_TRUE(library.context.save());
+}
+
+TEST_F(StoreFaults, TablesThatAreNotAsTheyWereMadeAreRefused) {
+    makeStore();
+    const QByteArray whole = bytesOf(path);
+    for (const char* statement :
+         {"CREATE TRIGGER evil AFTER UPDATE ON Book BEGIN DELETE FROM Book; END", "DROP INDEX Book__rev",
+          "CREATE VIEW extra AS SELECT 1", "ALTER TABLE Book ADD COLUMN more ANY"}) {
+        writeBytes(path, whole);
+        ASSERT_TRUE(otherConnection()->run(QString::fromLatin1(statement)));
+        const QByteArray altered = bytesOf(path);
+        EXPECT_EQ(SqliteStore::metadata(path).error().kind, StoreError::Kind::Corrupt) << statement;
+        EXPECT_EQ(Library(path).error.value().kind, StoreError::Kind::Corrupt) << statement;
+        EXPECT_EQ(bytesOf(path), altered);
+    }
+}
+
+TEST_F(StoreFaults, AReferenceToAnObjectOfAnotherEntityIsNoRelation) {
+    {
+        Library library(path);
+        const auto book = library.make("Book", QStringLiteral("b"));
+        library.make("Note")->setToOne(shelf::Books, book.get());
+        library.make("Shelf");
+        ASSERT_TRUE(library.context.save());
+    }
+    auto other = otherConnection();
+    ASSERT_TRUE(other->run(QStringLiteral("UPDATE Note SET book = (SELECT _id FROM Shelf)")));
+    ASSERT_TRUE(
+        other->run(QStringLiteral("INSERT INTO _Author_books SELECT Shelf._id, Note._id FROM Shelf, Note")));
+    Library library(path);
+    ASSERT_FALSE(library.error);
+    EXPECT_EQ(library.all("Note").at(0)->toOne(shelf::Books), nullptr);
+    EXPECT_TRUE(library.all("Shelf").at(0)->toMany(shelf::Books).isEmpty());
+}
+
+TEST_F(StoreFaults, AFileThatWasMovedAwayIsSaidToBe) {
+    makeStore();
+    Library library(path);
+    ASSERT_TRUE(QFile::rename(path, path + QStringLiteral(".elsewhere")));
+    library.make("Book", QStringLiteral("b"));
+    EXPECT_EQ(library.context.save().error().kind, StoreError::Kind::Replaced);
+    EXPECT_TRUE(library.context.hasChanges());
 }
 
 } // namespace
