@@ -83,14 +83,14 @@ void SnippetRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     int left = row.left() + 12 + (level == Level::Leaf ? levelIndent : 0);
     const auto tint = static_cast<Asset>(index.data(SnippetTree::TintRole).toInt());
     if (const QString symbol = index.data(SnippetTree::SymbolRole).toString(); !symbol.isEmpty()) {
-        const QRectF place(left, row.center().y() - symbolSize / 2 + 1, symbolSize, symbolSize);
+        const QRectF place(left, row.center().y() - symbolSize / 2.0 + 1, symbolSize, symbolSize);
         platform::drawSymbol(*painter, place, symbol, platform::color(tint));
         left += symbolSize + 10;
     }
 
     int right = row.right() - 12;
     if (index.model()->hasChildren(index)) {
-        const QRectF place(right - chevronSize, row.center().y() - chevronSize / 2 + 1, chevronSize,
+        const QRectF place(right - chevronSize, row.center().y() - chevronSize / 2.0 + 1, chevronSize,
                            chevronSize);
         painter->save();
         painter->translate(place.center());

@@ -55,8 +55,9 @@ std::unique_ptr<SnippetTree::Node> SnippetTree::memberNode(const ListItem& item)
         member->title = language->language;
         member->key = QStringLiteral("language ") + language->language;
     }
-    if (!item.children()) return member;
-    for (const auto& child : *item.children()) {
+    const auto& children = item.children();
+    if (!children) return member;
+    for (const auto& child : *children) {
         auto leaf = std::make_unique<Node>();
         leaf->level = Level::Leaf;
         leaf->snippet = std::get<std::shared_ptr<Snippet>>(child->type());

@@ -40,7 +40,7 @@ void CoreDataStack::finishLoading(const std::optional<platform::StoreError>& err
     if (!error) return;
     logLine(QStringLiteral("☁️ there has been an error loading the stores and the user will have no data."));
     logLine(QStringLiteral("☁️ ") + error->message);
-    m_health.set({*error, std::nullopt});
+    m_health.set({error, std::nullopt});
 }
 
 void CoreDataStack::save(SaveReason reason) {
