@@ -33,7 +33,7 @@ void OptionDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     painter->drawText(row.adjusted(inset, 0, -inset, 0), Qt::AlignVCenter | Qt::AlignLeft,
                       index.data().toString());
     if (index.data().toString() != m_selectedOption) return;
-    const QRectF place(row.right() - inset - checkSize, row.center().y() - checkSize / 2, checkSize,
+    const QRectF place(row.right() - inset - checkSize, row.center().y() - checkSize / 2.0, checkSize,
                        checkSize);
     platform::drawSymbol(*painter, place, QStringLiteral("checkmark.alt"), platform::color(Asset::Accent));
 }

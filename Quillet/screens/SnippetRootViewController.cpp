@@ -108,14 +108,15 @@ void SnippetRootViewController::resizeEvent(QResizeEvent* event) {
 
 void SnippetRootViewController::closeEvent(QCloseEvent* event) {
     save();
-    event->setAccepted(!CoreDataStack::shared().health().value().saveError || confirmsLoss());
+    const auto& error = CoreDataStack::shared().health().value().saveError;
+    event->setAccepted(!error || confirmsLoss(error->message));
 }
 
-bool SnippetRootViewController::confirmsLoss() {
+bool SnippetRootViewController::confirmsLoss(const QString& reason) {
     QMessageBox question(this);
     question.setWindowTitle(QStringLiteral("Quillet"));
     question.setText(QStringLiteral("Your last changes could not be saved. Quitting now loses them."));
-    question.setInformativeText(CoreDataStack::shared().health().value().saveError->message);
+    question.setInformativeText(reason);
     auto* stay = question.addButton(QStringLiteral("Keep Open"), QMessageBox::RejectRole);
     question.addButton(QStringLiteral("Quit Anyway"), QMessageBox::DestructiveRole);
     question.setDefaultButton(stay);

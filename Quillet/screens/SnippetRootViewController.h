@@ -38,7 +38,7 @@ private:
 
     void showColumn(Column column);
     void layOutColumns();
-    bool confirmsLoss();
+    bool confirmsLoss(const QString& reason);
 
     HomeListViewController* m_homeListViewController;
     SnippetViewController* m_snippetViewController;

@@ -43,8 +43,8 @@ QJsonValue jsonFromDate(const QDateTime& date) {
 }
 
 std::optional<QVariant> dateFromJson(const QJsonValue& json) {
-    const QDateTime date = json.isString() ? QDateTime::fromString(json.toString(), Qt::ISODateWithMs).toUTC()
-                                           : QDateTime::fromMSecsSinceEpoch(json.toInteger(), Qt::UTC);
+    QDateTime date = json.isString() ? QDateTime::fromString(json.toString(), Qt::ISODateWithMs).toUTC()
+                                     : QDateTime::fromMSecsSinceEpoch(json.toInteger(), Qt::UTC);
     if (!date.isValid() || !(json.isString() || json.isDouble())) return std::nullopt;
     return date;
 }
@@ -87,7 +87,7 @@ QVariant objectFromJson(const QJsonObject& object) {
 QVariant arrayFromJson(const QJsonArray& array) {
     QVariantList values;
     values.reserve(array.size());
-    for (const QJsonValue& value : array)
+    for (const auto& value : array)
         values.append(propertyListFromJson(value));
     return values;
 }

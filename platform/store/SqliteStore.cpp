@@ -204,7 +204,7 @@ StoreResult<void> SqliteStore::readAll(const std::function<void(StoreRow)>& each
         for (const auto& [relationship, owner] : m_joinOwner.asKeyValueRange()) {
             STORE_TRY(m_connection->query(
                 QStringLiteral("SELECT source, target FROM ") + quoted(joinTable(*owner, *relationship)), {},
-                [&, relationship = relationship](const QSqlQuery& query) {
+                [&](const QSqlQuery& query) {
                     eachJoin({relationship, idFromColumn(query.value(0)), idFromColumn(query.value(1))});
                 }));
         }
@@ -236,7 +236,7 @@ StoreResult<RemoteChanges> SqliteStore::changesAfter(qint64 revision) {
             QStringLiteral("SELECT j.source, j.target FROM %1 j JOIN %2 o ON o.\"_id\" = j.source "
                            "WHERE o.\"_rev\" > ?")
                 .arg(quoted(joinTable(*owner, *relationship)), quoted(owner->name)),
-            {revision}, [&, relationship = relationship](const QSqlQuery& query) {
+            {revision}, [&](const QSqlQuery& query) {
                 changes.joins.push_back(
                     {relationship, idFromColumn(query.value(0)), idFromColumn(query.value(1))});
             }));
