@@ -36,6 +36,17 @@ function(quillet_tests suite)
     LABELS ${suite} TIMEOUT 300)
 endfunction()
 
+# tessarine_tests(suite SOURCES ...): the tests of one folder of the engine, without Qt.
+function(tessarine_tests suite)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${suite}_tests ${ARG_SOURCES})
+  target_link_libraries(${suite}_tests PRIVATE tessarine ${ARG_LINK} GTest::gtest_main GTest::gmock
+    quillet_warnings)
+  include(GoogleTest)
+  gtest_discover_tests(${suite}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${suite}." PROPERTIES
+    LABELS ${suite} TIMEOUT 300)
+endfunction()
+
 # quillet_bench(name SOURCES ... LINK ...): benchmarks, run by `./bench name`; not part of `all`.
 function(quillet_bench name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
