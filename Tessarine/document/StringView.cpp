@@ -1,51 +1,44 @@
 #include "Tessarine/document/StringView.h"
 
-#include "Tessarine/base/FatalError.h"
-
 #include <algorithm>
-#include <cstring>
 
 namespace tessarine {
 
 namespace {
 
-constexpr std::int64_t chunkBytes = 4096;
+constexpr std::int64_t mostBytes = 4096;
 
 } // namespace
 
-StringView::StringView(std::u16string_view text)
-    : m_text(text) {}
-
 const std::u16string& StringView::string() const {
-    return m_text;
+    if (!m_swiftString) m_swiftString = substring(0, length());
+    return *m_swiftString;
 }
 
 void StringView::setInternalString(std::u16string_view text) {
-    m_text = text;
+    if (m_internalString.text() == text) return;
+    m_internalString = TextStore(text);
+    m_cursor = TextCursor(m_internalString.text());
+    m_swiftString.reset();
 }
 
 void StringView::replaceCharacters(std::int64_t location, std::int64_t length, std::u16string_view text) {
-    if (location < 0 || length < 0 || location + length > this->length())
-        fatalError("A replacement lies outside of the text.");
-    m_text.replace(static_cast<std::size_t>(location), static_cast<std::size_t>(length), text);
-}
-
-std::u16string StringView::substring(std::int64_t location, std::int64_t length) const {
-    if (location < 0 || length < 0 || location + length > this->length())
-        fatalError("A substring lies outside of the text.");
-    return m_text.substr(static_cast<std::size_t>(location), static_cast<std::size_t>(length));
+    m_internalString.replace(location, length, text);
+    m_cursor = TextCursor(m_internalString.text());
+    m_swiftString.reset();
 }
 
 std::optional<StringViewBytesResult> StringView::bytesAt(ByteCount byteIndex) const {
     const std::int64_t total = length() * 2;
     const std::int64_t start = byteIndex.value();
     if (start < 0 || start >= total) return std::nullopt;
-    const std::int64_t limit = std::min(start + chunkBytes, total);
     const std::int64_t location = start / 2;
-    const std::int64_t count = (limit - start) / 2;
-    auto bytes = std::make_unique<std::byte[]>(static_cast<std::size_t>(count * 2));
-    std::memcpy(bytes.get(), m_text.data() + location, static_cast<std::size_t>(count * 2));
-    return StringViewBytesResult{std::move(bytes), count * 2};
+    const std::int64_t limit = std::min(start + mostBytes, total) / 2;
+    const std::int64_t count = limit - location;
+    auto units = std::make_unique_for_overwrite<std::byte[]>(static_cast<std::size_t>(count * 2));
+    // A fresh array of bytes is aligned for, and may hold, an array of code units.
+    m_internalString.text().copy(location, count, reinterpret_cast<char16_t*>(units.get()));
+    return StringViewBytesResult{std::move(units), count * 2};
 }
 
 } // namespace tessarine
