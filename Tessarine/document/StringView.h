@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tessarine/document/ByteCount.h"
+#include "Tessarine/document/ComposedRange.h"
 #include "Tessarine/document/TextCursor.h"
 #include "Tessarine/document/TextStore.h"
 
@@ -59,6 +60,11 @@ public:
     // The contiguous runs of a range, without a copy; valid until the next change.
     TextRuns runs(std::int64_t location, std::int64_t length) const {
         return m_internalString.text().runs(location, length);
+    }
+
+    // A range grown to whole composed characters, CR LF among them: see ComposedRange.h.
+    TextRange composedRange(std::int64_t location, std::int64_t length = 0) const {
+        return tessarine::composedRange(m_internalString.text(), location, length);
     }
 
     // The text as it is now, in O(1): for other threads, and for whoever reads across changes.
