@@ -4,9 +4,9 @@
 
 namespace tessarine {
 
-TextChunk::TextChunk(std::int32_t reserved)
+TextChunk::TextChunk(std::int32_t expectedSize)
     : TextNode(0)
-    , m_buffer(Narrow(std::span<const std::uint8_t>(), reserved)) {}
+    , m_buffer(Narrow(std::span<const std::uint8_t>(), Narrow::capacityFor(expectedSize))) {}
 
 TextChunk::TextChunk(std::span<const std::uint8_t> units)
     : TextNode(0)

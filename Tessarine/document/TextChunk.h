@@ -16,8 +16,8 @@ namespace tessarine {
 // of them are below U+0100. Positions count from its start. Changes require a single owner.
 class TextChunk final : public TextNode {
 public:
-    // `reserved` units of room are kept until trim() or a removal.
-    explicit TextChunk(std::int32_t reserved = 0);
+    // Empty, with the room of a chunk of `expectedSize` until trim() or a removal.
+    explicit TextChunk(std::int32_t expectedSize);
     explicit TextChunk(std::span<const std::uint8_t> units);
     explicit TextChunk(std::span<const char16_t> units);
 

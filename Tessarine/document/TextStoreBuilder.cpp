@@ -7,7 +7,7 @@ namespace tessarine {
 TextChunk& TextStoreBuilder::chunkWithRoom(std::size_t& room) {
     const std::int64_t most = m_limits.loadedUnits();
     if (m_chunks.empty() || m_chunks.back()->length() == most)
-        m_chunks.push_back(TextRef<TextChunk>::make(m_limits.loadedUnits()));
+        m_chunks.push_back(TextRef<TextChunk>::make(most));
     room = static_cast<std::size_t>(most - m_chunks.back()->length());
     return static_cast<TextChunk&>(*m_chunks.back());
 }

@@ -18,10 +18,11 @@ class UnitBuffer {
 public:
     UnitBuffer() = default;
 
+    // With room for `leastCapacity` units in all, kept until trim() or a removal.
     template <typename Source>
-    explicit UnitBuffer(std::span<const Source> units, std::int32_t reserved = 0)
+    explicit UnitBuffer(std::span<const Source> units, std::int32_t leastCapacity = 0)
         : m_size(static_cast<std::int32_t>(units.size()))
-        , m_capacity(std::max(capacityFor(m_size), reserved))
+        , m_capacity(std::max(capacityFor(m_size), leastCapacity))
         , m_units(std::make_unique_for_overwrite<Unit[]>(m_capacity)) {
         copyUnits(units, m_units.get());
     }
@@ -60,12 +61,12 @@ public:
         if (m_capacity > greatestCapacity(m_size)) reallocate(capacityFor(m_size));
     }
 
-    // The most that a buffer of this size holds after any change but a reservation.
+    // The most room that trim() leaves a buffer of this size, and what it gets anew.
     static std::int32_t greatestCapacity(std::int32_t size) { return size + size / 8 + 64; }
 
-private:
     static std::int32_t capacityFor(std::int32_t size) { return size + size / 32 + 32; }
 
+private:
     void reallocate(std::int32_t capacity) {
         auto units = std::make_unique_for_overwrite<Unit[]>(capacity);
         if (m_size > 0) std::memcpy(units.get(), m_units.get(), m_size * sizeof(Unit));
