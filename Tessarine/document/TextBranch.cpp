@@ -22,8 +22,8 @@ void TextBranch::insert(std::int32_t index, TextNodeRef child) {
 TextNodeRef TextBranch::take(std::int32_t index) {
     TextNodeRef child = std::move(m_children[index]);
     setLength(length() - m_lengths[index]);
-    std::move(&m_lengths[index] + 1, &m_lengths[0] + m_count, &m_lengths[index]);
-    std::move(&m_children[index] + 1, &m_children[0] + m_count, &m_children[index]);
+    std::move(&m_lengths[index] + 1, m_lengths.data() + m_count, &m_lengths[index]);
+    std::move(&m_children[index] + 1, m_children.data() + m_count, &m_children[index]);
     --m_count;
     return child;
 }

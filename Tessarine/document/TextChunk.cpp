@@ -74,9 +74,8 @@ void TextChunk::narrowIfPossible() {
 }
 
 std::size_t TextChunk::memory() const {
-    return std::visit(
-        [this](const auto& buffer) { return sizeof(*this) + buffer.capacity() * sizeof(buffer[0]); },
-        m_buffer);
+    return sizeof(TextChunk) +
+           std::visit([](const auto& buffer) { return buffer.capacity() * sizeof(buffer[0]); }, m_buffer);
 }
 
 void TextChunk::check() const {

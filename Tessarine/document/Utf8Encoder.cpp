@@ -19,9 +19,9 @@ std::span<const std::uint8_t> Utf8Encoder::encode(const TextRun& run) {
 void Utf8Encoder::encodeUnits(std::span<const std::uint8_t> units) {
     replacePendingLead();
     while (!units.empty()) {
-        const std::size_t ascii = asciiPrefix(units);
-        m_bytes.insert(m_bytes.end(), units.begin(), units.begin() + ascii);
-        units = units.subspan(ascii);
+        const auto ascii = units.first(asciiPrefix(units));
+        m_bytes.insert(m_bytes.end(), ascii.begin(), ascii.end());
+        units = units.subspan(ascii.size());
         if (units.empty()) return;
         append(units.front());
         units = units.subspan(1);

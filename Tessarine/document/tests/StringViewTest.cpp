@@ -16,6 +16,11 @@ std::u16string textOf(const StringViewBytesResult& result) {
     return text;
 }
 
+std::u16string textAt(const StringView& view, std::int64_t byteIndex) {
+    const auto piece = view.bytesAt(byteIndex);
+    return piece ? textOf(*piece) : u"nothing";
+}
+
 // 10,000 units that tell where they stand, wide ones among narrow ones.
 std::u16string numberedText() {
     std::u16string text;
@@ -53,6 +58,7 @@ TEST(StringView, ReadsBesideTheLastReadSeeEveryChange) {
         ASSERT_EQ(view.characterAt(i), model[i]);
     view.replaceCharacters(9999, 1, u"\u0416");
     EXPECT_EQ(view.characterAt(9999), u'\u0416');
+    EXPECT_EQ(view.characterAt(1), model[1]);
     view.setInternalString(u"xy");
     EXPECT_EQ(view.characterAt(1), u'y');
 }
@@ -75,16 +81,14 @@ TEST(StringViewBytes, ComeInPiecesOf4096AndWholeUnits) {
         read += textOf(*piece);
     }
     EXPECT_EQ(read, model);
-    for (const std::int64_t at : {0, 1, 2, 4095, 4097, 11'999, 15'904, 15'905, 19'998}) {
-        const auto piece = view.bytesAt(at);
-        EXPECT_EQ(textOf(*piece), model.substr(at / 2, 2048)) << at;
-    }
+    for (const std::int64_t at : {0, 1, 2, 4095, 4097, 11'999, 15'904, 15'905, 19'998})
+        EXPECT_EQ(textAt(view, at), model.substr(at / 2, 2048)) << at;
 }
 
 TEST(StringViewBytes, EndAtTheEndAndRoundTheLastByteDown) {
     const StringView view(u"ab\u0416");
-    EXPECT_EQ(textOf(*view.bytesAt(5)), u"\u0416");
-    EXPECT_EQ(textOf(*view.bytesAt(3)), u"b\u0416");
+    EXPECT_EQ(textAt(view, 5), u"\u0416");
+    EXPECT_EQ(textAt(view, 3), u"b\u0416");
     EXPECT_FALSE(view.bytesAt(6));
     EXPECT_FALSE(view.bytesAt(7));
     EXPECT_FALSE(view.bytesAt(-1));

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <thread>
 #include <vector>
 
@@ -68,11 +69,11 @@ TEST(TextSnapshot, StaysAsItWasWhileTheStoreChanges) {
         std::vector<std::pair<TextSnapshot, std::u16string>> kept;
         for (int step = 0; step < 1000; ++step) {
             if (random.upTo(3) == 0) {
-                kept.insert(kept.begin() + random.upTo(kept.size()), {store.snapshot(), model});
+                kept.insert(kept.begin() + random.upTo(std::ssize(kept)), {store.snapshot(), model});
                 if (kept.size() > 6) kept.pop_back();
             }
-            const std::int64_t location = random.upTo(model.size());
-            const std::int64_t length = std::min<std::int64_t>(random.upTo(20), model.size() - location);
+            const std::int64_t location = random.upTo(std::ssize(model));
+            const std::int64_t length = std::min<std::int64_t>(random.upTo(20), std::ssize(model) - location);
             const std::u16string text = random.units(random.upTo(20));
             store.replace(location, length, text);
             model.replace(location, length, text);
@@ -89,22 +90,24 @@ TEST(TextSnapshot, IsReadAndDroppedOnOtherThreadsWhileTheStoreChanges) {
     std::u16string model = random.units(4000);
     TextStore store(model, {32, 4});
     for (int round = 0; round < 30; ++round) {
-        std::vector<std::jthread> readers;
-        std::vector<char> agrees(2);
-        for (int reader = 0; reader < 2; ++reader)
-            readers.emplace_back(
-                [snapshot = store.snapshot(), then = model, &agree = agrees[reader]]() mutable {
-                    const TextSnapshot copy = snapshot;
-                    agree = snapshot == then && copy.substring(0, copy.length()) == then;
-                    snapshot = {};
-                });
+        std::array<bool, 2> agrees{};
+        const auto read = [&store, &model](bool& result) {
+            return std::jthread([snapshot = store.snapshot(), then = model, &result]() mutable {
+                const TextSnapshot copy = snapshot;
+                result = snapshot == then && copy.substring(0, copy.length()) == then;
+                snapshot = {};
+            });
+        };
+        std::jthread first = read(agrees[0]);
+        std::jthread second = read(agrees[1]);
         for (int step = 0; step < 200; ++step) {
-            const std::int64_t location = random.upTo(model.size() - 5);
+            const std::int64_t location = random.upTo(std::ssize(model) - 5);
             const std::u16string text = random.units(5);
             store.replace(location, 5, text);
             model.replace(location, 5, text);
         }
-        readers.clear();
+        first.join();
+        second.join();
         EXPECT_TRUE(agrees[0] && agrees[1]) << "round " << round;
         EXPECT_TRUE(store.text() == model);
     }

@@ -79,7 +79,7 @@ TEST(UnicodeText, IteratesAsAFlatText) {
         }
         RandomText random(9);
         for (int i = 0; i < 2000; ++i) {
-            const std::int64_t index = random.upTo(text.size() + 4) - 2;
+            const std::int64_t index = random.upTo(std::ssize(text) + 4) - 2;
             utext_setNativeIndex(ours.get(), index);
             utext_setNativeIndex(flat.get(), index);
             ASSERT_EQ(utext_getNativeIndex(ours.get()), utext_getNativeIndex(flat.get())) << index;
@@ -104,7 +104,7 @@ TEST(UnicodeText, ExtractsAsAFlatText) {
     FlatText flat(text);
     RandomText random(10);
     for (int i = 0; i < 1000; ++i) {
-        const std::int64_t start = random.upTo(text.size());
+        const std::int64_t start = random.upTo(std::ssize(text));
         const std::int64_t limit = start + random.upTo(700) - 2;
         const std::int32_t capacity = static_cast<std::int32_t>(std::max<std::int64_t>(limit - start, 0) + 5);
         const auto extracted = extract(ours.get(), start, limit, capacity);
