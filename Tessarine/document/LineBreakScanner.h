@@ -39,8 +39,8 @@ public:
     // The end of the text: a CR that still waits for an LF is a break by itself.
     template <class Sink>
     void finish(Sink&& sink) {
-        if (m_lastReturn) sink(LineBreak{*m_lastReturn, 1});
-        m_lastReturn.reset();
+        if (m_lastReturn != noReturn) sink(LineBreak{m_lastReturn, 1});
+        m_lastReturn = noReturn;
     }
 
     // The code units read so far.
@@ -52,6 +52,7 @@ public:
 
 private:
     static constexpr std::size_t unitsPerBlock = 64;
+    static constexpr std::int64_t noReturn = -2; // before no location
 
     // Bit i tells whether unit i of the block is a break.
     static std::uint64_t breakMask(const char16_t* block);
@@ -60,9 +61,10 @@ private:
     template <class Unit, class Sink>
     void accept(std::span<const Unit> piece, std::size_t at, Sink& sink) {
         const std::int64_t location = m_position + static_cast<std::int64_t>(at);
-        if (piece[at] == u'\n' && m_lastReturn && *m_lastReturn == location - 1) {
-            sink(LineBreak{*m_lastReturn, 2});
-            return m_lastReturn.reset();
+        if (piece[at] == u'\n' && m_lastReturn == location - 1) {
+            sink(LineBreak{m_lastReturn, 2});
+            m_lastReturn = noReturn;
+            return;
         }
         finish(sink);
         if (piece[at] == u'\r')
@@ -72,7 +74,7 @@ private:
     }
 
     std::int64_t m_position = 0;
-    std::optional<std::int64_t> m_lastReturn; // a CR of which it is not known yet whether an LF follows
+    std::int64_t m_lastReturn = noReturn; // a CR of which it is not known yet whether an LF follows
 };
 
 // The first line break of `text` that starts at or behind `location`, which must not lie inside a CR LF.

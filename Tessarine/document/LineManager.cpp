@@ -1,7 +1,7 @@
 #include "Tessarine/document/LineManager.h"
 
 #include "Tessarine/document/DocumentLineChildrenUpdater.h"
-#include "Tessarine/document/LineListBuilder.h"
+#include "Tessarine/document/LineBreakList.h"
 
 #include <cmath>
 #include <limits>
@@ -25,12 +25,19 @@ void LineManager::rebuild(std::span<const TextPiece> pieces) {
     DocumentLineNodeReference placeholder =
         m_documentLineTree->makeNode(0, DocumentLineNodeData(m_estimatedLineHeight));
     m_documentLineTree->rebuildBalanced(std::span(&placeholder, 1));
-    LineListBuilder builder(*m_documentLineTree, m_estimatedLineHeight);
+    LineBreakList lines;
     for (const TextPiece& piece : pieces)
-        std::visit([&](const auto& units) { builder.append(units); }, piece);
-    builder.finish();
-    m_initialLongestLine = builder.longestLine();
-    m_documentLineTree->rebuildBalanced(builder.lines());
+        std::visit([&](const auto& units) { lines.append(units); }, piece);
+    lines.finish();
+    DocumentLineNodeData data(m_estimatedLineHeight);
+    m_documentLineTree->rebuildBalanced(lines.count(), [&](std::size_t row) {
+        const auto [length, delimiterLength] = lines.next();
+        data.setDelimiterLength(delimiterLength);
+        data.setBytesAreCounted(true, length);
+        DocumentLineNodeReference line = m_documentLineTree->makeNode(length, data);
+        if (lines.longestRow() == row) m_initialLongestLine = line;
+        return line;
+    });
 }
 
 LineChangeSet LineManager::removeCharacters(std::int64_t location, std::int64_t length) {

@@ -8,6 +8,7 @@
 #include "Tessarine/document/RedBlackTreeSearchMatch.h"
 #include "Tessarine/document/RedBlackTreeSearchQuery.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -80,6 +81,11 @@ public:
     // Makes `nodes`, fresh and at least one, the whole tree. Takes them out of the span. O(n).
     void rebuildBalanced(std::span<NodeReference> nodes);
 
+    // The same of `count` nodes that nodeAt(index) makes, one after the other in document order: each is
+    // still in the cache when its neighbours are linked to it.
+    template <class NodeAt>
+    void rebuildBalanced(std::size_t count, NodeAt nodeAt);
+
     // Returns the new node, which comes directly behind the existing one.
     NodeReference insertNodeAfter(NodeValue value, NodeData data, Node& existingNode);
 
@@ -107,7 +113,8 @@ private:
                        std::vector<SearchMatch>& matches) const;
 
     NodeReference construct(NodeSlabPool::Slot slot, NodeValue value, NodeData data);
-    NodeReference buildSubtree(std::span<NodeReference> nodes, int depth);
+    template <class NodeAt>
+    NodeReference buildSubtree(std::size_t start, std::size_t end, int depth, NodeAt& nodeAt);
     static void adopt(Node& parent, NodeReference Node::* link, NodeReference child);
     static bool refreshTotals(Node& node);
     void updateTotals(Node& node);

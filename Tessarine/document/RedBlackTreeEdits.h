@@ -46,22 +46,31 @@ void RedBlackTree<ID, Value, Data>::adopt(Node& parent, NodeReference Node::* li
 
 template <RedBlackTreeNodeID ID, class Value, class Data>
 void RedBlackTree<ID, Value, Data>::rebuildBalanced(std::span<NodeReference> nodes) {
-    if (nodes.empty()) fatalError("A tree can't be built of no nodes.");
+    rebuildBalanced(nodes.size(), [&](std::size_t index) { return std::move(nodes[index]); });
+}
+
+template <RedBlackTreeNodeID ID, class Value, class Data>
+template <class NodeAt>
+void RedBlackTree<ID, Value, Data>::rebuildBalanced(std::size_t count, NodeAt nodeAt) {
+    if (count == 0) fatalError("A tree can't be built of no nodes.");
     int height = 0;
-    for (std::size_t count = nodes.size(); count > 0; count /= 2)
+    for (std::size_t rest = count; rest > 0; rest /= 2)
         ++height;
-    m_root = buildSubtree(nodes, height);
+    m_root = buildSubtree(0, count, height, nodeAt);
     m_root->m_isRed = false;
 }
 
 // Only the deepest level is red, so all black heights are equal as they come. As deep as the tree.
 template <RedBlackTreeNodeID ID, class Value, class Data>
-auto RedBlackTree<ID, Value, Data>::buildSubtree(std::span<NodeReference> nodes, int depth) -> NodeReference {
-    if (nodes.empty()) return {};
-    const std::size_t middle = nodes.size() / 2;
-    NodeReference node = std::move(nodes[middle]);
-    adopt(*node, &Node::m_left, buildSubtree(nodes.first(middle), depth - 1));
-    adopt(*node, &Node::m_right, buildSubtree(nodes.subspan(middle + 1), depth - 1));
+template <class NodeAt>
+auto RedBlackTree<ID, Value, Data>::buildSubtree(std::size_t start, std::size_t end, int depth,
+                                                 NodeAt& nodeAt) -> NodeReference {
+    if (start == end) return {};
+    const std::size_t middle = (start + end) / 2;
+    NodeReference left = buildSubtree(start, middle, depth - 1, nodeAt);
+    NodeReference node = nodeAt(middle);
+    adopt(*node, &Node::m_left, std::move(left));
+    adopt(*node, &Node::m_right, buildSubtree(middle + 1, end, depth - 1, nodeAt));
     node->m_isRed = depth == 1;
     updateAggregates(*node);
     return node;

@@ -4,14 +4,6 @@
 #include <new>
 #include <sys/mman.h>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define TESSARINE_CHECKS_ADDRESSES 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define TESSARINE_CHECKS_ADDRESSES 1
-#endif
-#endif
-
 #ifdef TESSARINE_CHECKS_ADDRESSES
 #include <sanitizer/asan_interface.h>
 #endif
@@ -56,10 +48,6 @@ void SlabMemory::forbid(void* memory, std::size_t bytes) {
 void SlabMemory::allow(void* memory, std::size_t bytes) {
     __asan_unpoison_memory_region(memory, bytes);
 }
-#else
-void SlabMemory::forbid(void*, std::size_t) {}
-
-void SlabMemory::allow(void*, std::size_t) {}
 #endif
 
 } // namespace tessarine
