@@ -49,7 +49,7 @@ endfunction()
 
 # tessarine_fuzz(suite name SOURCES ... CORPUS folder RUNS n): a fuzz target of a folder of the engine. With
 # clang it is libFuzzer's; else a driver of our own takes the same options. The suite's tests run the corpus
-# and so many mutations.
+# and so many mutations. For libFuzzer to see into the engine too, configure with QUILLET_SANITIZERS=fuzzer-no-link.
 function(tessarine_fuzz suite name)
   cmake_parse_arguments(ARG "" "CORPUS;RUNS" "SOURCES" ${ARGN})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")

@@ -130,8 +130,7 @@ int LineManager::delimiterLengthAfter(std::int64_t location, std::int64_t totalL
 }
 
 bool LineManager::isLineFeedOfPreviousLine(std::int64_t location, std::int64_t totalLength) const {
-    return totalLength == 1 && location > 0 && characterAt(location) == u'\n' &&
-           characterAt(location - 1) == u'\r';
+    return totalLength == 1 && characterAt(location) == u'\n' && characterAt(location - 1) == u'\r';
 }
 
 LineChangeSet LineManager::mergeIntoPreviousLine(DocumentLineNode& line, LineChangeSet changes) {

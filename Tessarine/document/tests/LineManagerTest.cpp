@@ -156,6 +156,11 @@ TEST(LineManager, ALineBeyondTheTextHasNoBytesUntilTheInsertion) {
     manager.removeCharacters(1, 3);
     manager.insertText(u"x", 1);
     EXPECT_EQ(manager.lineAtRow(0).data().nodeTotalByteCount(), 4);
+    manager.insertText(u"yz", 2);
+    EXPECT_EQ(manager.lineAtRow(0).data().nodeTotalByteCount(), 0);
+    stringView->setInternalString(u"axyz");
+    manager.insertText(u"", 1); // the length stays, yet the text has caught up
+    EXPECT_EQ(manager.lineAtRow(0).data().nodeTotalByteCount(), 8);
 }
 
 TEST(LineManager, HeightsChangeOnlyByWhatCounts) {
