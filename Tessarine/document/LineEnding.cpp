@@ -6,38 +6,32 @@ namespace tessarine {
 
 namespace {
 
-struct Names {
-    std::u16string_view symbol;
-    std::string_view rawValue;
-};
+constexpr std::array<std::u16string_view, 3> symbols{u"\n", u"\r\n", u"\r"};
+constexpr std::array<std::string_view, 3> rawValues{"lf", "crlf", "cr"};
 
-// In the order of the cases.
-constexpr std::array<Names, allLineEndings.size()> names{{{u"\n", "lf"}, {u"\r\n", "crlf"}, {u"\r", "cr"}}};
-
-const Names& namesOf(LineEnding lineEnding) {
-    return names[static_cast<std::size_t>(lineEnding)];
+template <class Text>
+std::optional<LineEnding> find(const std::array<Text, 3>& texts, Text wanted) {
+    for (const LineEnding lineEnding : allLineEndings)
+        if (texts[static_cast<std::size_t>(lineEnding)] == wanted) return lineEnding;
+    return std::nullopt;
 }
 
 } // namespace
 
-std::u16string_view symbolOf(LineEnding lineEnding) {
-    return namesOf(lineEnding).symbol;
+std::u16string_view symbol(LineEnding lineEnding) {
+    return symbols[static_cast<std::size_t>(lineEnding)];
 }
 
-std::string_view rawValueOf(LineEnding lineEnding) {
-    return namesOf(lineEnding).rawValue;
+std::string_view rawValue(LineEnding lineEnding) {
+    return rawValues[static_cast<std::size_t>(lineEnding)];
 }
 
-std::optional<LineEnding> lineEndingOfSymbol(std::u16string_view symbol) {
-    for (const LineEnding lineEnding : allLineEndings)
-        if (symbolOf(lineEnding) == symbol) return lineEnding;
-    return std::nullopt;
+std::optional<LineEnding> lineEndingFromSymbol(std::u16string_view symbol) {
+    return find(symbols, symbol);
 }
 
-std::optional<LineEnding> lineEndingOfRawValue(std::string_view rawValue) {
-    for (const LineEnding lineEnding : allLineEndings)
-        if (rawValueOf(lineEnding) == rawValue) return lineEnding;
-    return std::nullopt;
+std::optional<LineEnding> lineEndingFromRawValue(std::string_view rawValue) {
+    return find(rawValues, rawValue);
 }
 
 } // namespace tessarine

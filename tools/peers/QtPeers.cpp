@@ -31,7 +31,9 @@ public:
 
     qint64 lineCount() const { return m_document.blockCount(); }
 
-    qint64 lineOf(qint64 location) const { return m_document.findBlock(static_cast<int>(location)).blockNumber(); }
+    qint64 lineOf(qint64 location) const {
+        return m_document.findBlock(static_cast<int>(location)).blockNumber();
+    }
 
     qint64 locationOf(qint64 line) const {
         return m_document.findBlockByNumber(static_cast<int>(line)).position();
@@ -80,7 +82,9 @@ public:
         m_editor.SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, static_cast<unsigned long>(location), text);
     }
 
-    void remove(qint64 location) { send(QsciScintillaBase::SCI_DELETERANGE, static_cast<unsigned long>(location), 1); }
+    void remove(qint64 location) {
+        send(QsciScintillaBase::SCI_DELETERANGE, static_cast<unsigned long>(location), 1);
+    }
 
 private:
     long send(unsigned message, unsigned long first = 0, long second = 0) const {

@@ -123,7 +123,8 @@ Figures measurePeer(const std::string& command, const std::string& path) {
     return figures;
 }
 
-void printRow(const char* what, const std::string& key, const std::vector<std::pair<std::string, Figures>>& all) {
+void printRow(const char* what, const std::string& key,
+              const std::vector<std::pair<std::string, Figures>>& all) {
     std::printf("%-42s", what);
     const double ours = all.front().second.at(key).median;
     for (const auto& [name, figures] : all) {
@@ -139,7 +140,8 @@ void printRow(const char* what, const std::string& key, const std::vector<std::p
 
 // How the time of an edit grows with the document.
 void printGrowth() {
-    std::printf("\nns an edit by lines                             random: median     p99    keystroke: median\n");
+    std::printf(
+        "\nns an edit by lines                             random: median     p99    keystroke: median\n");
     for (const int lines : {1'000, 10'000, 100'000, 1'000'000, 10'000'000}) {
         const std::string text = sourceText(lines);
         Document document(std::as_bytes(std::span(text)));
@@ -155,7 +157,8 @@ void printGrowth() {
 } // namespace
 
 int main(int argc, char** argv) {
-    const auto path = std::filesystem::temp_directory_path() / ("document-bench-" + std::to_string(getpid()) + ".c");
+    const auto path =
+        std::filesystem::temp_directory_path() / ("document-bench-" + std::to_string(getpid()) + ".c");
     {
         const std::string text = sourceText(1'000'000);
         FILE* file = std::fopen(path.c_str(), "wb");

@@ -52,8 +52,8 @@ Samples timeLookUps(WorkloadRandom& random, std::int64_t limit, Look look) {
     return samples;
 }
 
-// Look-ups, random edits (an insert of a character, of a line break, of a character, a removal, and again) and
-// keystrokes at one place. Every edit is timed by itself.
+// Look-ups, random edits (an insert of a character, of a line break, of a character, a removal, and again)
+// and keystrokes at one place. Every edit is timed by itself.
 template <class Peer, class Report>
 void workThrough(Peer& peer, int edits, Report report) {
     WorkloadRandom random;

@@ -1,7 +1,5 @@
 #include "Tessarine/document/StringView.h"
 
-#include "Tessarine/document/LineEnding.h"
-
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -93,19 +91,6 @@ TEST(StringViewBytes, EndAtTheEndAndRoundTheLastByteDown) {
     EXPECT_FALSE(view.bytesAt(7));
     EXPECT_FALSE(view.bytesAt(-1));
     EXPECT_FALSE(StringView().bytesAt(0));
-}
-
-TEST(LineEnding, IsMadeFromItsSymbolOrItsWordAndNothingElse) {
-    EXPECT_EQ(lineEndingOfSymbol(u"\r\n"), LineEnding::crlf);
-    EXPECT_EQ(lineEndingOfSymbol(u"\r"), LineEnding::cr);
-    EXPECT_EQ(lineEndingOfSymbol(u"\n"), LineEnding::lf);
-    EXPECT_EQ(lineEndingOfRawValue("crlf"), LineEnding::crlf);
-    EXPECT_EQ(rawValueOf(LineEnding::cr), "cr");
-    for (const std::u16string_view other : {u"", u"\n\r", u"\r\n\r", u"\u2028"})
-        EXPECT_FALSE(lineEndingOfSymbol(other));
-    EXPECT_FALSE(lineEndingOfRawValue("CRLF"));
-    EXPECT_EQ(allLineEndings.front(), LineEnding::lf);
-    EXPECT_EQ(allLineEndings.back(), LineEnding::cr);
 }
 
 } // namespace
