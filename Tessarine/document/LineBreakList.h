@@ -19,11 +19,15 @@ public:
         int delimiterLength;
     };
 
+    // For a text of so many code units in all. Memory that is never touched costs nothing, while a list that
+    // grows is copied again and again.
+    explicit LineBreakList(std::int64_t length) {
+        m_lines.reserve(static_cast<std::size_t>(length) / shortestUsualLine);
+    }
+
     // The next stretch of the text.
     template <class Unit>
     void append(std::span<const Unit> piece) {
-        // Memory that is never touched costs nothing, while a list that grows is copied again and again.
-        m_lines.reserve(m_lines.size() + piece.size() / shortestUsualLine);
         m_scanner.scan(piece, [this](LineBreak lineBreak) { endLine(lineBreak); });
     }
 

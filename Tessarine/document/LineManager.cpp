@@ -32,16 +32,19 @@ void LineManager::rebuild(std::span<const TextRun> runs) {
     DocumentLineNodeReference placeholder =
         m_documentLineTree->makeNode(0, DocumentLineNodeData(m_estimatedLineHeight));
     m_documentLineTree->rebuildBalanced(std::span(&placeholder, 1));
-    LineBreakList lines;
+    std::int64_t length = 0;
+    for (const TextRun& run : runs)
+        length += run.size();
+    LineBreakList lines(length);
     for (const TextRun& run : runs)
         run.visit([&](auto units) { lines.append(units); });
     lines.finish();
     DocumentLineNodeData data(m_estimatedLineHeight);
     m_documentLineTree->rebuildBalanced(lines.count(), [&](std::size_t row) {
-        const auto [length, delimiterLength] = lines.next();
+        const auto [lineLength, delimiterLength] = lines.next();
         data.setDelimiterLength(delimiterLength);
-        data.setBytesAreCounted(true, length);
-        DocumentLineNodeReference line = m_documentLineTree->makeNode(length, data);
+        data.setBytesAreCounted(true, lineLength);
+        DocumentLineNodeReference line = m_documentLineTree->makeNode(lineLength, data);
         if (lines.longestRow() == row) m_initialLongestLine = line;
         return line;
     });

@@ -41,7 +41,7 @@ public:
 
     std::int64_t lineCount() const { return m_lineManager.lineCount(); }
 
-    std::int64_t lineOf(std::int64_t location) const { return m_lineManager.linePosition(location)->row(); }
+    std::int64_t lineOf(std::int64_t location) const { return m_lineManager.linePosition(location)->row; }
 
     std::int64_t locationOf(std::int64_t row) const { return m_lineManager.lineAtRow(row).location(); }
 

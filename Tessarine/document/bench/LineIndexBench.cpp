@@ -3,13 +3,12 @@
 
 #include "Tessarine/document/LineBreakScanner.h"
 #include "Tessarine/document/LineManager.h"
-#include "Tessarine/document/bench/Samples.h"
+#include "Tessarine/document/bench/Workload.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <random>
 
 using namespace tessarine;
@@ -40,13 +39,6 @@ Starts startsOf(std::u16string_view text) {
     scanner.scan(std::span<const char16_t>(text), add);
     scanner.finish(add);
     return starts;
-}
-
-double residentBytes() {
-    std::ifstream file("/proc/self/statm");
-    double pages = 0;
-    file >> pages >> pages;
-    return pages * 4096;
 }
 
 void print(const char* what, Samples& ours, Samples& peers) {

@@ -19,6 +19,12 @@ public:
         m_values.push_back(std::max(0.0, elapsed - clockCost()));
     }
 
+    // Runs `work` once, which does something `count` times, and keeps what one of these took.
+    template <class Work>
+    void measureMean(int count, Work&& work) {
+        m_values.push_back(durationOf(work) / count);
+    }
+
     double median() { return quantile(0.5); }
 
     double p99() { return quantile(0.99); }

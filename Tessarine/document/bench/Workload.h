@@ -3,6 +3,7 @@
 #include "Tessarine/document/bench/Samples.h"
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <fstream>
 
@@ -30,6 +31,15 @@ inline double residentBytes() {
     return pages * 4096;
 }
 
+// What takes longer than this is measured well enough by what was done until then.
+class TimeLimit {
+public:
+    bool isOver() const { return std::chrono::steady_clock::now() > m_end; }
+
+private:
+    std::chrono::steady_clock::time_point m_end = std::chrono::steady_clock::now() + std::chrono::seconds(8);
+};
+
 inline constexpr int lookUpBatch = 1'000;
 inline constexpr int lookUps = 1'000'000;
 
@@ -39,7 +49,8 @@ Samples timeLookUps(WorkloadRandom& random, std::int64_t limit, Look look) {
     Samples samples;
     std::array<std::int64_t, lookUpBatch> keys{};
     volatile std::int64_t sink = 0;
-    for (int i = 0; i < lookUps / lookUpBatch; ++i) {
+    const TimeLimit limitOfTime;
+    for (int i = 0; i < lookUps / lookUpBatch && !limitOfTime.isOver(); ++i) {
         for (auto& key : keys)
             key = random(limit);
         samples.measureMean(lookUpBatch, [&] {
@@ -62,7 +73,8 @@ void workThrough(Peer& peer, int edits, Report report) {
     auto locationOf = timeLookUps(random, peer.lineCount(), [&](auto key) { return peer.locationOf(key); });
     report("locationOfLine", locationOf, 1);
     Samples randomEdits;
-    for (int i = 0; i < edits; ++i) {
+    const TimeLimit editing;
+    for (int i = 0; i < edits && !editing.isOver(); ++i) {
         const std::int64_t location = random(peer.length() - 2);
         if (i % 4 == 3)
             randomEdits.measure([&] { peer.remove(location); });
@@ -72,7 +84,8 @@ void workThrough(Peer& peer, int edits, Report report) {
     report("randomEdit", randomEdits, 1);
     Samples keystrokes;
     std::int64_t place = random(peer.length());
-    for (int i = 0; i < 10'000; ++i, ++place)
+    const TimeLimit typing;
+    for (int i = 0; i < 10'000 && !typing.isOver(); ++i, ++place)
         keystrokes.measure([&] { peer.insert(place, 'k'); });
     report("keystroke", keystrokes, 1);
 }
