@@ -36,6 +36,43 @@ function(quillet_tests suite)
     LABELS ${suite} TIMEOUT 300)
 endfunction()
 
+# tessarine_tests(suite SOURCES ...): the tests of one folder of the engine, without Qt.
+function(tessarine_tests suite)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${suite}_tests ${ARG_SOURCES})
+  target_link_libraries(${suite}_tests PRIVATE tessarine ${ARG_LINK} GTest::gtest_main GTest::gmock
+    quillet_warnings)
+  include(GoogleTest)
+  gtest_discover_tests(${suite}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${suite}." PROPERTIES
+    LABELS ${suite} TIMEOUT 300)
+endfunction()
+
+# tessarine_fuzz(suite name SOURCES ... CORPUS folder RUNS n): a fuzz target of a folder of the engine. With
+# clang (the preset `fuzz`) it is libFuzzer's and its test runs for a minute; else a driver of our own takes the
+# same options, and the suite's tests run the corpus and so many mutations.
+function(tessarine_fuzz suite name)
+  cmake_parse_arguments(ARG "" "CORPUS;RUNS" "SOURCES" ${ARGN})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    set(driver "")
+    set(fuzzer -fsanitize=fuzzer)
+    set(bound -max_total_time=60)
+  else()
+    set(driver ${PROJECT_SOURCE_DIR}/Tessarine/document/fuzz/StandaloneDriver.cpp)
+    set(fuzzer "")
+    set(bound -runs=${ARG_RUNS})
+  endif()
+  add_executable(${name} ${ARG_SOURCES} ${driver})
+  target_compile_options(${name} PRIVATE ${fuzzer})
+  target_link_options(${name} PRIVATE ${fuzzer})
+  target_link_libraries(${name} PRIVATE tessarine quillet_warnings)
+  # What libFuzzer finds goes to the first folder, not among the sources.
+  set(found ${CMAKE_CURRENT_BINARY_DIR}/${name}-found)
+  file(MAKE_DIRECTORY ${found})
+  add_test(NAME ${suite}.${name} COMMAND ${name} ${bound} -seed=1 ${found}
+    ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_CORPUS})
+  set_tests_properties(${suite}.${name} PROPERTIES LABELS "${suite};fuzz" TIMEOUT 300)
+endfunction()
+
 # quillet_bench(name SOURCES ... LINK ...): benchmarks, run by `./bench name`; not part of `all`.
 function(quillet_bench name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})

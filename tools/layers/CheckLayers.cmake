@@ -10,10 +10,12 @@ set(below_platform/screens platform/foundation)
 set(below_platform/highlightr platform/foundation)
 set(below_platform/store platform/foundation)
 set(below_platform/foundation)
+set(below_Tessarine/document Tessarine/base)
+set(below_Tessarine/base)
 
 set(checked 0)
 foreach(folder app Quillet/screens Quillet/browsing Quillet/core platform/screens platform/highlightr platform/store
-        platform/foundation)
+        platform/foundation Tessarine/document Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
   foreach(source ${sources})
     file(STRINGS ${ROOT}/${source} includes REGEX "^#include \"")

@@ -1,0 +1,190 @@
+// The document, text store and line index together, beside other editors' on the same generated file of
+// 1,000,000 lines and 50 MB of C, in one run.
+//
+// Usage: document_bench [NAME COMMAND]...   each COMMAND is a peer: it gets the file's path as its last
+// argument and prints "key|median|p99" in the units below.
+
+#include "Tessarine/document/LineManager.h"
+#include "Tessarine/document/StringView.h"
+#include "Tessarine/document/TextDecoder.h"
+#include "Tessarine/document/bench/Workload.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <random>
+#include <string>
+#include <unistd.h>
+
+using namespace tessarine;
+
+namespace {
+
+struct Figure {
+    double median = 0;
+    double p99 = 0;
+};
+
+using Figures = std::map<std::string, Figure>;
+
+// Text and lines as the engine keeps them.
+class Document {
+public:
+    explicit Document(std::span<const std::byte> bytes)
+        : m_stringView(std::make_shared<StringView>(decodeText(bytes).text))
+        , m_lineManager(m_stringView) {
+        m_lineManager.rebuild();
+    }
+
+    std::int64_t length() const { return m_stringView->length(); }
+
+    std::int64_t lineCount() const { return m_lineManager.lineCount(); }
+
+    std::int64_t lineOf(std::int64_t location) const { return m_lineManager.linePosition(location)->row; }
+
+    std::int64_t locationOf(std::int64_t row) const { return m_lineManager.lineAtRow(row).location(); }
+
+    std::int64_t lineAtHeight(std::int64_t row) const {
+        return m_lineManager.lineContainingYOffset(static_cast<double>(row) * 12 + 5)->value();
+    }
+
+    void insert(std::int64_t location, char16_t character) {
+        const std::u16string_view text(&character, 1);
+        m_stringView->replaceCharacters(location, 0, text);
+        m_lineManager.insertText(text, location);
+    }
+
+    void remove(std::int64_t location) {
+        m_stringView->replaceCharacters(location, 1, {});
+        m_lineManager.removeCharacters(location, 1);
+    }
+
+    std::int64_t textMemory() const { return m_stringView->snapshot().memory(); }
+
+private:
+    std::shared_ptr<StringView> m_stringView;
+    LineManager m_lineManager;
+};
+
+std::string sourceText(int lines) {
+    std::mt19937 random(1);
+    std::string text;
+    for (int line = 1; line < lines; ++line) {
+        const std::string number = std::to_string(random() % 100'000);
+        text.append(4 * (random() % 4), ' ');
+        if (line % 12 == 0)
+            text += "static int function" + number + "(const char *name, size_t length) {\n";
+        else if (line % 12 == 11)
+            text += "}\n";
+        else
+            text += "if (value[" + number + "] != 0x" + number + ") total += name[" + number + "];\n";
+    }
+    return text;
+}
+
+Figures measureOurs(const std::string& text) {
+    Figures figures;
+    const auto keep = [&](const std::string& key, Samples& samples, double divisor) {
+        figures[key] = {samples.median() / divisor, samples.p99() / divisor};
+    };
+    std::unique_ptr<Document> document;
+    Samples loads;
+    const double before = residentBytes();
+    for (int i = 0; i < 9; ++i) {
+        document.reset();
+        loads.measure([&] { document = std::make_unique<Document>(std::as_bytes(std::span(text))); });
+        if (i > 0) continue;
+        const double resident = residentBytes() - before;
+        const auto length = static_cast<double>(document->length());
+        const auto textMemory = static_cast<double>(document->textMemory());
+        figures["memory"] = {resident / length, 0};
+        figures["textMemory"] = {textMemory / length, 0};
+        figures["lineMemory"] = {(resident - textMemory) / static_cast<double>(document->lineCount()), 0};
+    }
+    keep("load", loads, 1e6);
+    WorkloadRandom random;
+    auto heights =
+        timeLookUps(random, document->lineCount(), [&](auto row) { return document->lineAtHeight(row); });
+    keep("lineAtHeight", heights, 1);
+    workThrough(*document, 10'000, keep);
+    return figures;
+}
+
+Figures measurePeer(const std::string& command, const std::string& path) {
+    Figures figures;
+    FILE* output = popen((command + " '" + path + "'").c_str(), "r");
+    if (!output) return figures;
+    char key[64];
+    Figure figure;
+    while (std::fscanf(output, " %63[^|]|%lf|%lf", key, &figure.median, &figure.p99) == 3)
+        figures[key] = figure;
+    pclose(output);
+    return figures;
+}
+
+void printRow(const char* what, const std::string& key,
+              const std::vector<std::pair<std::string, Figures>>& all) {
+    std::printf("%-42s", what);
+    const double ours = all.front().second.at(key).median;
+    for (const auto& [name, figures] : all) {
+        const auto found = figures.find(key);
+        if (found == figures.end())
+            std::printf(" %31s", "-");
+        else
+            std::printf(" %11.3f %11.3f %7.2f", found->second.median, found->second.p99,
+                        found->second.median / ours);
+    }
+    std::printf("\n");
+}
+
+// How the time of an edit grows with the document.
+void printGrowth() {
+    std::printf(
+        "\nns an edit by lines                             random: median     p99    keystroke: median\n");
+    for (const int lines : {1'000, 10'000, 100'000, 1'000'000, 10'000'000}) {
+        const std::string text = sourceText(lines);
+        Document document(std::as_bytes(std::span(text)));
+        Figures figures;
+        workThrough(document, 10'000, [&](const std::string& key, Samples& samples, double) {
+            figures[key] = {samples.median(), samples.p99()};
+        });
+        std::printf("%42d %19.0f %7.0f %20.0f\n", lines, figures["randomEdit"].median,
+                    figures["randomEdit"].p99, figures["keystroke"].median);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const auto path =
+        std::filesystem::temp_directory_path() / ("document-bench-" + std::to_string(getpid()) + ".c");
+    {
+        const std::string text = sourceText(1'000'000);
+        FILE* file = std::fopen(path.c_str(), "wb");
+        if (!file || std::fwrite(text.data(), 1, text.size(), file) != text.size()) return 1;
+        std::fclose(file);
+        std::printf("1,000,000 lines, %zu bytes. Columns: median, p99, median against ours\n", text.size());
+    }
+    std::vector<std::pair<std::string, Figures>> all;
+    all.emplace_back("Tessarine", measureOurs(sourceText(1'000'000)));
+    for (int i = 1; i + 1 < argc; i += 2)
+        all.emplace_back(argv[i], measurePeer(argv[i + 1], path.string()));
+    std::filesystem::remove(path);
+
+    std::printf("%-42s", "");
+    for (const auto& [name, figures] : all)
+        std::printf(" %31s", name.c_str());
+    std::printf("\n");
+    printRow("load from UTF-8 in memory, ms", "load", all);
+    printRow("random edit, ns", "randomEdit", all);
+    printRow("keystroke at one place, ns", "keystroke", all);
+    printRow("row of a location, ns", "lineOfLocation", all);
+    printRow("location of a row, ns", "locationOfLine", all);
+    printRow("line at a y offset, ns", "lineAtHeight", all);
+    printRow("resident bytes a character, all in all", "memory", all);
+    printRow("  of them text, bytes a character", "textMemory", all);
+    printRow("  of them lines, bytes a line", "lineMemory", all);
+    printGrowth();
+    return 0;
+}

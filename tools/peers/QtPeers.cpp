@@ -1,0 +1,129 @@
+// QTextDocument and QScintilla under the work of the document benchmark. Prints "key|median|p99" in the units
+// that DocumentBench.cpp names. Usage: document_peers (qtextdocument|qscintilla) FILE
+
+#include "Tessarine/document/bench/Samples.h"
+#include "Tessarine/document/bench/Workload.h"
+
+#include <Qsci/qsciscintillabase.h>
+#include <QtCore/QFile>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtWidgets/QApplication>
+
+#include <cstdio>
+#include <memory>
+
+using namespace tessarine;
+
+namespace {
+
+void report(const char* key, Samples& samples, double divisor) {
+    std::printf("%s|%g|%g\n", key, samples.median() / divisor, samples.p99() / divisor);
+    std::fflush(stdout);
+}
+
+class TextDocumentPeer {
+public:
+    explicit TextDocumentPeer(const QByteArray& bytes) { m_document.setPlainText(QString::fromUtf8(bytes)); }
+
+    qint64 length() const { return m_document.characterCount() - 1; }
+
+    qint64 lineCount() const { return m_document.blockCount(); }
+
+    qint64 lineOf(qint64 location) const {
+        return m_document.findBlock(static_cast<int>(location)).blockNumber();
+    }
+
+    qint64 locationOf(qint64 line) const {
+        return m_document.findBlockByNumber(static_cast<int>(line)).position();
+    }
+
+    void insert(qint64 location, char character) {
+        m_cursor.setPosition(static_cast<int>(location));
+        m_cursor.insertText(QString(QLatin1Char(character)));
+    }
+
+    void remove(qint64 location) {
+        m_cursor.setPosition(static_cast<int>(location));
+        m_cursor.deleteChar();
+    }
+
+private:
+    QTextDocument m_document;
+    QTextCursor m_cursor{&m_document};
+};
+
+class ScintillaPeer {
+public:
+    explicit ScintillaPeer(const QByteArray& bytes) {
+        send(QsciScintillaBase::SCI_SETCODEPAGE, QsciScintillaBase::SC_CP_UTF8);
+        send(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 0);
+        send(QsciScintillaBase::SCI_ALLOCATE, static_cast<unsigned long>(bytes.size()) + 1000);
+        m_editor.SendScintilla(QsciScintillaBase::SCI_ADDTEXT, static_cast<unsigned long>(bytes.size()),
+                               bytes.constData());
+        send(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 1);
+        // Without it each edit counts the text's characters for accessibility, which takes 100 ms.
+        send(QsciScintillaBase::SCI_SETMODEVENTMASK, 0);
+    }
+
+    qint64 length() const { return send(QsciScintillaBase::SCI_GETLENGTH); }
+
+    qint64 lineCount() const { return send(QsciScintillaBase::SCI_GETLINECOUNT); }
+
+    qint64 lineOf(qint64 location) const {
+        return send(QsciScintillaBase::SCI_LINEFROMPOSITION, static_cast<unsigned long>(location));
+    }
+
+    qint64 locationOf(qint64 line) const {
+        return send(QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
+    }
+
+    void insert(qint64 location, char character) {
+        const char text[] = {character, 0};
+        m_editor.SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, static_cast<unsigned long>(location), text);
+    }
+
+    void remove(qint64 location) {
+        send(QsciScintillaBase::SCI_DELETERANGE, static_cast<unsigned long>(location), 1);
+    }
+
+private:
+    long send(unsigned message, unsigned long first = 0, long second = 0) const {
+        return m_editor.SendScintilla(message, first, second);
+    }
+
+    QsciScintillaBase m_editor;
+};
+
+template <class Peer>
+void run(const QByteArray& bytes, int loads, int edits) {
+    std::unique_ptr<Peer> peer;
+    Samples loadTimes;
+    const double before = residentBytes();
+    for (int i = 0; i < loads; ++i) {
+        peer.reset();
+        loadTimes.measure([&] { peer = std::make_unique<Peer>(bytes); });
+        if (i == 0)
+            std::printf("memory|%g|0\n", (residentBytes() - before) / static_cast<double>(peer->length()));
+    }
+    report("load", loadTimes, 1e6);
+    workThrough(*peer, edits, report);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    QFile file(arguments.value(2));
+    if (!file.open(QIODevice::ReadOnly)) return 1;
+    const QByteArray bytes = file.readAll();
+    // Fewer rounds for the slow ones: what they measure is milliseconds apart from ours all the same.
+    if (arguments.value(1) == QLatin1String("qscintilla"))
+        run<ScintillaPeer>(bytes, 5, 2'000);
+    else
+        run<TextDocumentPeer>(bytes, 2, 10'000);
+    return 0;
+}
