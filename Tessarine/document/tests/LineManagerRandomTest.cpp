@@ -72,10 +72,16 @@ void runEdits(unsigned seed, std::int64_t longestText, int steps) {
     }
 }
 
-TEST(LineManagerRandom, SmallDocumentsHaveTheLinesOfTheirText) {
-    for (unsigned seed = 1; seed <= 400; ++seed)
+// A million steps in five parts, for the parts to run side by side.
+class SmallDocuments : public ::testing::TestWithParam<unsigned> {};
+
+TEST_P(SmallDocuments, HaveTheLinesOfTheirText) {
+    constexpr unsigned seeds = 500;
+    for (unsigned seed = GetParam() * seeds; seed < (GetParam() + 1) * seeds; ++seed)
         ASSERT_NO_FATAL_FAILURE(runEdits(seed, 12, 400));
 }
+
+INSTANTIATE_TEST_SUITE_P(LineManagerRandom, SmallDocuments, ::testing::Range(0U, 5U));
 
 TEST(LineManagerRandom, LargerDocumentsHaveTheLinesOfTheirText) {
     for (unsigned seed = 1; seed <= 20; ++seed)
