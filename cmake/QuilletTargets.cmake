@@ -65,6 +65,7 @@ function(tessarine_fuzz suite name)
   target_compile_options(${name} PRIVATE ${fuzzer})
   target_link_options(${name} PRIVATE ${fuzzer})
   target_link_libraries(${name} PRIVATE tessarine quillet_warnings)
+  add_dependencies(${suite}_tests ${name}) # whoever builds the suite can run all of it
   # What libFuzzer finds goes to the first folder, not among the sources.
   set(found ${CMAKE_CURRENT_BINARY_DIR}/${name}-found)
   file(MAKE_DIRECTORY ${found})
