@@ -11,8 +11,10 @@ namespace {
 // The columns of an object's own row; a to-many relationship is none of them.
 ColumnSet ownColumns(const EntityDescription& entity) {
     ColumnSet columns;
-    for (const auto& column : columnsOf(entity))
-        columns.set(static_cast<std::size_t>(column.index));
+    for (std::size_t i = 0; i < entity.attributes.size(); ++i)
+        columns.set(i);
+    for (std::size_t i = 0; i < entity.relationships.size(); ++i)
+        if (isToOne(entity.relationships[i])) columns.set(entity.attributes.size() + i);
     return columns;
 }
 
