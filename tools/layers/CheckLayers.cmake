@@ -1,11 +1,16 @@
 # Reads every #include "..." of our own and fails on one that the table does not allow.
 
-set(below_app Quillet/screens Quillet/browsing Quillet/core platform/screens platform/highlightr platform/store
+set(below_app Quillet/screens Quillet/browsing Quillet/cloud Quillet/core platform/screens platform/highlightr
+    platform/mirror platform/cloud platform/store platform/foundation)
+set(below_account platform/screens platform/cloud platform/foundation)
+set(below_Quillet/screens Quillet/browsing Quillet/cloud Quillet/core platform/screens platform/highlightr
+    platform/cloud platform/store platform/foundation)
+set(below_Quillet/browsing Quillet/cloud Quillet/core platform/screens platform/cloud platform/store
     platform/foundation)
-set(below_Quillet/screens Quillet/browsing Quillet/core platform/screens platform/highlightr platform/store
-    platform/foundation)
-set(below_Quillet/browsing Quillet/core platform/screens platform/store platform/foundation)
-set(below_Quillet/core platform/store platform/foundation)
+set(below_Quillet/cloud Quillet/core platform/cloud platform/store platform/foundation)
+set(below_Quillet/core platform/mirror platform/cloud platform/store platform/foundation)
+set(below_platform/mirror platform/cloud platform/store platform/foundation)
+set(below_platform/cloud platform/foundation)
 set(below_platform/screens platform/foundation)
 set(below_platform/highlightr platform/foundation)
 set(below_platform/store platform/foundation)
@@ -14,8 +19,9 @@ set(below_Tessarine/document Tessarine/base)
 set(below_Tessarine/base)
 
 set(checked 0)
-foreach(folder app Quillet/screens Quillet/browsing Quillet/core platform/screens platform/highlightr platform/store
-        platform/foundation Tessarine/document Tessarine/base)
+foreach(folder app account Quillet/screens Quillet/browsing Quillet/cloud Quillet/core platform/screens
+        platform/highlightr platform/mirror platform/cloud platform/store platform/foundation Tessarine/document
+        Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
   foreach(source ${sources})
     file(STRINGS ${ROOT}/${source} includes REGEX "^#include \"")
