@@ -5,7 +5,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QUuid>
 
-#include <optional>
+#include <functional>
 #include <vector>
 
 namespace platform {
@@ -105,6 +105,9 @@ public:
     CloudStore(const CloudStore&) = delete;
     CloudStore& operator=(const CloudStore&) = delete;
 
+    // The user's revision, which is all that a device polls. 0 where nobody has ever written.
+    virtual CloudResult<qint64> revision() = 0;
+
     // At most `limit` records after `position`. `tag` is the tag of the position's revision.
     virtual CloudResult<ZoneChanges> changes(const QString& zone, const QUuid& epoch,
                                              const ZonePosition& position, const QUuid& tag, int limit) = 0;
@@ -123,6 +126,12 @@ public:
     virtual CloudResult<std::vector<ZoneRecord>> records(const QString& zone, const QString& type) = 0;
     // Writes one record over whatever is there. ZoneNotFound without the zone.
     virtual CloudResult<void> saveRecord(const QString& zone, const ZoneRecord& record) = 0;
+
+    // Whether the server tells of writes by itself, or has to be polled alone.
+    enum class Notifications { Pushed, None };
+    // `observer` is called in the event loop of the calling thread, soon after others have written, and also
+    // now and then for nothing.
+    virtual CloudResult<Notifications> subscribe(std::function<void()> observer) = 0;
 };
 
 } // namespace platform
