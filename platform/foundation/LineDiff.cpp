@@ -1,4 +1,4 @@
-#include "platform/mirror/LineDiff.h"
+#include "platform/foundation/LineDiff.h"
 
 #include <QtCore/QHash>
 

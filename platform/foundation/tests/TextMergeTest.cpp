@@ -1,7 +1,6 @@
-#include "platform/mirror/TextMerge.h"
+#include "platform/foundation/TextMerge.h"
 
-#include "platform/mirror/LineDiff.h"
-#include "platform/mirror/TextValue.h"
+#include "platform/foundation/LineDiff.h"
 
 #include <gtest/gtest.h>
 
@@ -103,17 +102,6 @@ TEST(TextMergeTest, HugeDifferencesAreOneChange) {
     EXPECT_EQ(hunks, (std::vector{Hunk{0, 50'000, 0, 50'000}}));
     EXPECT_EQ(mergeTexts(base, QStringLiteral("first\n") + base, other).text,
               QStringLiteral("first\n") + other);
-}
-
-TEST(TextValueTest, AnyTextComesBack) {
-    const QString lone = QStringLiteral("a") + QChar(0xD800) + QStringLiteral("\nb");
-    for (const QString& text :
-         {QString(QStringLiteral("plain \u00E9")), lone, QString(QChar(u'\0')), QString()})
-        EXPECT_EQ(textOf(textValue(text)), text);
-    EXPECT_TRUE(textValue(QStringLiteral("plain")).isString());
-    EXPECT_TRUE(textValue(lone).isByteArray());
-    EXPECT_EQ(textOf(QCborValue(nullptr)), QString());
-    EXPECT_FALSE(textOf(QCborValue(7)));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
-#include "platform/mirror/TextMerge.h"
+#include "platform/foundation/TextMerge.h"
 
-#include "platform/mirror/LineDiff.h"
+#include "platform/foundation/LineDiff.h"
 
 #include <algorithm>
 #include <span>
