@@ -1,9 +1,14 @@
 #include "platform/screens/TextView.h"
 
+#include "platform/foundation/LineDiff.h"
+
 #include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
 #include <QtGui/QTextLayout>
+#include <QtWidgets/QScrollBar>
 
 #include <algorithm>
+#include <ranges>
 
 namespace platform {
 
@@ -17,6 +22,47 @@ QTextCharFormat formatOf(const TextAttributes& attributes) {
     if (attributes.italic) format.setFontItalic(true);
     if (attributes.underline) format.setFontUnderline(true);
     return format;
+}
+
+// Where two texts begin and cease to differ: how much is the same in front, and how much behind. Halves of a
+// surrogate pair are not told apart.
+struct CommonEnds {
+    qsizetype front = 0;
+    qsizetype back = 0;
+};
+
+CommonEnds commonEnds(QStringView a, QStringView b) {
+    CommonEnds ends;
+    ends.front = std::ranges::mismatch(a, b).in1 - a.begin();
+    if (ends.front > 0 && a[ends.front - 1].isHighSurrogate()) --ends.front;
+    const qsizetype most = std::min(a.size(), b.size()) - ends.front;
+    while (ends.back < most && a[a.size() - 1 - ends.back] == b[b.size() - 1 - ends.back])
+        ++ends.back;
+    if (ends.back > 0 && a[a.size() - ends.back].isLowSurrogate()) --ends.back;
+    return ends;
+}
+
+// Some lines of a text.
+struct TextRange {
+    QStringView text;
+    qsizetype start = 0; // of the whole text
+};
+
+TextRange rangeOf(const QString& text, const Lines& lines, qsizetype first, qsizetype limit) {
+    const auto offsetOf = [&](qsizetype line) {
+        const auto index = static_cast<std::size_t>(line);
+        return index < lines.size() ? lines[index].data() - text.data() : text.size();
+    };
+    const qsizetype start = offsetOf(first);
+    return {QStringView(text).sliced(start, offsetOf(limit) - start), start};
+}
+
+// Touches no character that is the same in both.
+void replaceDifference(QTextCursor& cursor, const TextRange& from, const TextRange& to) {
+    const auto same = commonEnds(from.text, to.text);
+    cursor.setPosition(static_cast<int>(from.start + same.front));
+    cursor.setPosition(static_cast<int>(from.start + from.text.size() - same.back), QTextCursor::KeepAnchor);
+    cursor.insertText(to.text.sliced(same.front, to.text.size() - same.front - same.back).toString());
 }
 
 } // namespace
@@ -35,6 +81,27 @@ void TextView::setText(const QString& text) {
     m_replacing = false;
     m_newBreak = dominantBreak(split.breaks);
     m_breaks = std::move(split.breaks);
+}
+
+void TextView::updateText(const QString& text) {
+    auto split = splitBreaks(text);
+    const QString shown = displayText();
+    const Lines from = splitLines(shown);
+    const Lines to = splitLines(split.text);
+    const auto hunks = diffLines(from, to);
+    const QTextBlock top = firstVisibleBlock();
+    QTextCursor cursor(document());
+    m_replacing = true;
+    cursor.beginEditBlock();
+    // From the end, so that what is still to be replaced lies where it lay.
+    for (const auto& hunk : std::views::reverse(hunks))
+        replaceDifference(cursor, rangeOf(shown, from, hunk.baseStart, hunk.baseLimit),
+                          rangeOf(split.text, to, hunk.start, hunk.limit));
+    cursor.endEditBlock();
+    m_replacing = false;
+    m_newBreak = dominantBreak(split.breaks);
+    m_breaks = std::move(split.breaks);
+    if (top.isValid()) verticalScrollBar()->setValue(top.firstLineNumber());
 }
 
 QString TextView::text() const {

@@ -91,9 +91,32 @@ std::optional<QVariantMap> UbiquitousKeyValueStore::dictionary(const QString& ke
 void UbiquitousKeyValueStore::setObject(const QString& key, const QVariant& value) {
     const auto list = propertyListFrom(value);
     if (!list) fatalError("a value that is no property list was set in the key-value store");
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_values.insert(key, *list);
+        ++m_revision;
+    }
+    if (m_observer) m_observer();
+}
+
+QHash<QString, QVariant> UbiquitousKeyValueStore::objects() const {
     const std::scoped_lock lock(m_mutex);
+    return m_values;
+}
+
+bool UbiquitousKeyValueStore::replaceObject(const QString& key, const QVariant& expected,
+                                            const QVariant& value) {
+    const auto list = propertyListFrom(value);
+    if (!list) fatalError("a value that is no property list was set in the key-value store");
+    const std::scoped_lock lock(m_mutex);
+    if (jsonFromPropertyList(m_values.value(key)) != jsonFromPropertyList(expected)) return false;
     m_values.insert(key, *list);
     ++m_revision;
+    return true;
+}
+
+void UbiquitousKeyValueStore::setObserver(std::function<void()> observer) {
+    m_observer = std::move(observer);
 }
 
 void UbiquitousKeyValueStore::setString(const QString& key, const QString& value) {

@@ -4,6 +4,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
+#include <functional>
 #include <mutex>
 #include <optional>
 
@@ -32,6 +33,15 @@ public:
     void setString(const QString& key, const QString& value);
     void setBool(const QString& key, bool value);
 
+    // All keys, as of one moment.
+    QHash<QString, QVariant> objects() const;
+    // Sets `value` where the key still holds `expected`; both null for an absent key. Whether it did.
+    bool replaceObject(const QString& key, const QVariant& expected, const QVariant& value);
+
+    // `observer` is told of every value set, on the thread that set it, before the setter returns; it must
+    // not call the store. To be set before other threads use the store.
+    void setObserver(std::function<void()> observer);
+
     // True once all that was set before the call is on the disk. Touches no file where nothing was set since
     // the last time. False where the file could not be written; the values stay in memory for the next try.
     bool synchronize();
@@ -44,6 +54,7 @@ private:
     bool moveAside() const;
 
     const QString m_path;
+    std::function<void()> m_observer;
 
     mutable std::mutex m_mutex; // guards these two; held for moments only
     QHash<QString, QVariant> m_values;

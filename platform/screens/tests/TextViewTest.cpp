@@ -37,6 +37,42 @@ TEST(TextView, TypingKeepsTheBreaksOfUntouchedLinesAndAddsTheDominantOne) {
     EXPECT_EQ(view.text(), QString());
 }
 
+TEST(TextView, ATextThatChangesUnderTheUserKeepsCaretAndPlace) {
+    TextView view;
+    view.resize(300, 100);
+    view.show();
+    QString lines;
+    for (int line = 0; line < 200; ++line)
+        lines += QStringLiteral("line %1\r\n").arg(line);
+    view.setText(lines);
+    view.setTextCursor(QTextCursor(view.document()->findBlockByNumber(150)));
+    view.moveCursor(QTextCursor::EndOfBlock);
+    view.centerCursor();
+    const int y = view.cursorRect().y();
+
+    const QString longer = QStringLiteral("first\nsecond\n") + lines + QStringLiteral("last");
+    view.updateText(longer);
+    EXPECT_EQ(view.text(), longer);
+    EXPECT_EQ(view.textCursor().block().text(), QStringLiteral("line 150"));
+    EXPECT_TRUE(view.textCursor().atBlockEnd());
+    EXPECT_EQ(view.cursorRect().y(), y);
+    view.undo();
+    EXPECT_EQ(view.displayText(), QString(lines).remove(u'\r'));
+}
+
+TEST(TextView, AnyTextTurnsIntoAnyOther) {
+    const QString pair = QStringLiteral("a\U0001F600b");
+    const QString otherPair = QStringLiteral("a\U0001F601b");
+    const QList<QString> texts{QString(), hostile, pair, otherPair, hostile + pair, pair + hostile};
+    TextView view;
+    for (const QString& from : texts)
+        for (const QString& to : texts) {
+            view.setText(from);
+            view.updateText(to);
+            EXPECT_EQ(view.text(), to);
+        }
+}
+
 // Random edits with undo, against the rule that the text differs from what is on screen only in its breaks.
 TEST(TextView, RandomEditsKeepAsManyBreaksAsLines) {
     QRandomGenerator random(3);
