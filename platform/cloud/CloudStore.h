@@ -53,6 +53,8 @@ struct ZoneChanges {
     bool isKnownHistory = false;     // the reader's epoch, and its tag at its revision, are this server's
     std::vector<ZoneRecord> records; // in order of (revision, name)
     bool hasMore = false;            // else the reader has everything up to head.revision
+    ZonePosition position;           // of a reader who has taken the page in
+    QUuid tag;                       // of that position's revision
 };
 
 // A big text, known by the hash of its content as the pusher names it.
@@ -96,6 +98,7 @@ struct DeviceEntry {
     QUuid device;
     qint64 revision = 0;      // it has read the zone up to here
     qint64 secondsSilent = 0; // since it told so, by the server's clock
+    QUuid lastTag;            // of its last push; null before the first
 };
 
 class CloudStore {

@@ -12,13 +12,17 @@ namespace platform {
 
 // An object of the local store with what its mirroring needs.
 struct MirroredObject {
-    // Texts as the server has them, of properties that were changed here since: what a merge compares both
-    // sides with. Values in the form of Register::value.
-    std::map<QString, QCborValue> bases;
+    // Merged texts as the server has them, of properties that were changed here since: what a merge compares
+    // both sides with, provided that both have seen it. A local write to a text keeps the register that it
+    // replaces here, where none is kept yet and revision is not 0.
+    std::map<QString, Register> bases;
     ObjectState state;
     qint64 change = 0;   // its place in the outbox, which grows with every local change; 0: as on the server
     qint64 revision = 0; // of the server's record that is in the state; 0: none ever was
     qint64 reading = 0;  // the full reading that met it last; see MirrorProgress
+    // The latest time of this device's own writes on the object that the server has; later ones are unsent.
+    // The mirror alone sets it.
+    std::uint64_t sent = 0;
     // A record of the server that this program cannot read, of a newer form. While it is there the object is
     // neither pushed nor changed by others; local use goes on.
     QByteArray parked;
@@ -32,7 +36,8 @@ struct MirrorProgress {
     ZonePosition position;
     QUuid tag; // of the position's revision
     QUuid lastTag;
-    QUuid unconfirmedTag;
+    // Of the pushes since, oldest first, whose outcome was never learnt.
+    std::vector<QUuid> unconfirmedTags;
     // Full readings, which begin at position 0, are numbered: at the end of one the objects of a lower
     // reading are not on the server.
     qint64 reading = 0;
@@ -63,7 +68,7 @@ public:
     virtual StoreResult<std::optional<MirroredObject>> object(const QUuid& id) = 0;
     // Also brings what the user sees to what the state says, as far as the local model knows it.
     virtual StoreResult<void> put(const QUuid& id, const MirroredObject& object) = 0;
-    // Of a dead object.
+    // Of an object that is dead by itself: all that is known of it.
     virtual StoreResult<void> remove(const QUuid& id) = 0;
 
     // Whether the user sees the object.
@@ -78,6 +83,7 @@ public:
     virtual StoreResult<std::vector<QUuid>> notMetBy(qint64 reading) = 0;
     // Objects that are dead by themselves, without a change, with 0 < revision <= `upTo`.
     virtual StoreResult<std::vector<QUuid>> deadUpTo(qint64 upTo) = 0;
+    virtual StoreResult<std::vector<QUuid>> parked() = 0;
     virtual StoreResult<std::vector<QUuid>> all() = 0;
 };
 

@@ -32,16 +32,23 @@ void joinElement(Element& mine, const Element& other) {
     if (other.stamp > mine.stamp || (other.stamp == mine.stamp && other.isMember)) mine = other;
 }
 
+void joinUnknown(QCborMap& mine, const QCborMap& other) {
+    if (mine == other) return;
+    std::map<QCborValue, QCborValue> joined;
+    for (const auto& map : {mine, other})
+        for (const auto& [key, value] : map) {
+            const auto [entry, isNew] = joined.try_emplace(key, value);
+            if (!isNew && holdsMore(value, entry->second)) entry->second = value;
+        }
+    mine = {};
+    for (const auto& [key, value] : joined)
+        mine.insert(key, value);
+}
+
 } // namespace
 
 bool ObjectState::isAlive() const {
-    if (deletionSeen.isEmpty()) return true;
-    for (const auto& [property, entry] : registers)
-        if (!deletionSeen.covers(entry.stamp)) return true;
-    for (const auto& [relationship, elements] : sets)
-        for (const auto& [target, element] : elements)
-            if (!deletionSeen.covers(element.stamp)) return true;
-    return false;
+    return deletionSeen.isEmpty() || !deletionSeen.covers(writes());
 }
 
 Stamp ObjectState::latest() const {
@@ -54,7 +61,7 @@ Stamp ObjectState::latest() const {
     return latest;
 }
 
-VersionVector ObjectState::writes() const {
+VersionVector ObjectState::standingWrites() const {
     VersionVector writes;
     for (const auto& [property, entry] : registers) {
         writes.add(entry.stamp);
@@ -66,10 +73,17 @@ VersionVector ObjectState::writes() const {
     return writes;
 }
 
+VersionVector ObjectState::writes() const {
+    VersionVector writes = standingWrites();
+    writes.add(history);
+    return writes;
+}
+
 void ObjectState::write(const QString& property, const Stamp& stamp, QCborValue value) {
     auto& entry = registers[property];
     entry.stamp = stamp;
     entry.value = std::move(value);
+    history.add(stamp);
 }
 
 void ObjectState::writeText(const QString& property, const Stamp& stamp, QCborValue value) {
@@ -80,17 +94,20 @@ void ObjectState::writeText(const QString& property, const Stamp& stamp, QCborVa
 void ObjectState::setMember(const QString& relationship, const QUuid& target, const Stamp& stamp,
                             bool isMember) {
     sets[relationship][target] = {stamp, isMember};
+    history.add(stamp);
 }
 
 void ObjectState::touch(const Stamp& stamp) {
     write(touchProperty, stamp, QCborValue(nullptr));
 }
 
-void ObjectState::markDeleted() {
+void ObjectState::markDeleted(std::uint64_t time) {
     deletionSeen.add(writes());
+    deletionTime = std::max(deletionTime, time);
 }
 
 void ObjectState::join(const ObjectState& other) {
+    history.add(writes()); // what is about to be replaced included
     for (const auto& [property, entry] : other.registers) {
         const auto [mine, isNew] = registers.try_emplace(property, entry);
         if (!isNew) joinRegister(mine->second, entry);
@@ -100,12 +117,10 @@ void ObjectState::join(const ObjectState& other) {
             const auto [mine, isNew] = sets[relationship].try_emplace(target, element);
             if (!isNew) joinElement(mine->second, element);
         }
+    history.add(other.writes());
     deletionSeen.add(other.deletionSeen);
-    for (const auto& entry : other.unknown) {
-        const auto mine = unknown.find(entry.first);
-        if (mine == unknown.end() || holdsMore(entry.second, mine.value()))
-            unknown[entry.first] = entry.second;
-    }
+    deletionTime = std::max(deletionTime, other.deletionTime);
+    joinUnknown(unknown, other.unknown);
 }
 
 } // namespace platform

@@ -48,8 +48,11 @@ struct ObjectState {
     QString entity;
     std::map<QString, Register> registers;
     std::map<QString, std::map<QUuid, Element>> sets; // of a to-many relationship's owning end, by target
-    VersionVector deletionSeen;                       // empty: never deleted
-    // What a newer program has put into the record beside these; kept as it is.
+    VersionVector history;      // every write that was made, those included that others have replaced
+    VersionVector deletionSeen; // empty: never deleted
+    // The hybrid time of the latest deletion, for the age of a tombstone alone.
+    std::uint64_t deletionTime = 0;
+    // What a newer program has put into the record beside these; kept as it is, in order of the keys.
     QCborMap unknown;
 
     // By itself. An object is also alive for as long as another that is alive belongs to it (a part of a
@@ -59,6 +62,7 @@ struct ObjectState {
     // Of all writes; time 0 where there are none.
     Stamp latest() const;
     VersionVector writes() const;
+    VersionVector standingWrites() const; // those that the registers and sets still tell of
 
     void write(const QString& property, const Stamp& stamp, QCborValue value);
     // As write(), for a text that is merged.
@@ -66,7 +70,7 @@ struct ObjectState {
     void setMember(const QString& relationship, const QUuid& target, const Stamp& stamp, bool isMember);
     // A write without a value, which brings a dead object back.
     void touch(const Stamp& stamp);
-    void markDeleted();
+    void markDeleted(std::uint64_t time);
 
     void join(const ObjectState& other);
 

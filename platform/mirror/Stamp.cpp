@@ -25,4 +25,14 @@ bool VersionVector::covers(const Stamp& stamp) const {
     return found != m_times.end() && found->second >= stamp.time;
 }
 
+bool VersionVector::covers(const VersionVector& other) const {
+    return std::ranges::all_of(other.m_times,
+                               [this](const auto& entry) { return covers({entry.second, entry.first}); });
+}
+
+std::uint64_t VersionVector::timeOf(const QUuid& device) const {
+    const auto found = m_times.find(device);
+    return found == m_times.end() ? 0 : found->second;
+}
+
 } // namespace platform

@@ -25,6 +25,8 @@ public:
     void add(const Stamp& stamp);
     void add(const VersionVector& other);
     bool covers(const Stamp& stamp) const;
+    bool covers(const VersionVector& other) const;
+    std::uint64_t timeOf(const QUuid& device) const; // 0 where nothing of it was seen
 
     bool isEmpty() const { return m_times.empty(); }
 
