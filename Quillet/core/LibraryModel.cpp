@@ -11,6 +11,7 @@ namespace quillet {
 
 using platform::AttributeType;
 using platform::Cardinality;
+using platform::Conflict;
 using platform::DeleteRule;
 using platform::EntityDescription;
 using platform::Loading;
@@ -33,8 +34,18 @@ std::vector<EntityDescription> describeEntities() {
           {QStringLiteral("name"), AttributeType::String, Presence::Optional},
           {QStringLiteral("lastUpdate"), AttributeType::Date, Presence::Optional},
           {QStringLiteral("title"), AttributeType::String, Presence::Required},
-          {QStringLiteral("notes"), AttributeType::String, Presence::Optional},
-          {QStringLiteral("code"), AttributeType::String, Presence::Required, {}, Loading::OnDemand},
+          {QStringLiteral("notes"),
+           AttributeType::String,
+           Presence::Optional,
+           {},
+           Loading::WithObject,
+           Conflict::MergeText},
+          {QStringLiteral("code"),
+           AttributeType::String,
+           Presence::Required,
+           {},
+           Loading::OnDemand,
+           Conflict::MergeText},
           {QStringLiteral("language"), AttributeType::String, Presence::Optional}},
          {{QStringLiteral("folder"), folder, QStringLiteral("snippets"), Cardinality::ToOne},
           {QStringLiteral("tags"), tag, QStringLiteral("snippets"), Cardinality::ToMany},
@@ -42,7 +53,12 @@ std::vector<EntityDescription> describeEntities() {
            DeleteRule::Cascade}},
          make(std::type_identity<Snippet>{})},
         {segment,
-         {{QStringLiteral("code"), AttributeType::String, Presence::Optional, {}, Loading::OnDemand},
+         {{QStringLiteral("code"),
+           AttributeType::String,
+           Presence::Optional,
+           {},
+           Loading::OnDemand,
+           Conflict::MergeText},
           {QStringLiteral("creationDate"), AttributeType::Date, Presence::Optional,
            [] { return QVariant(QDateTime::currentDateTimeUtc()); }},
           {QStringLiteral("title"), AttributeType::String, Presence::Optional}},

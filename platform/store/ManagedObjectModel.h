@@ -21,6 +21,9 @@ enum class Presence { Required, Optional };
 // Whether a value is read with its object, or when somebody asks for it: for texts and data that are long and
 // many.
 enum class Loading { WithObject, OnDemand };
+// What becomes of two writes of one value that did not know of each other, where a store is mirrored: the
+// later one wins, or both texts are merged.
+enum class Conflict { LaterWins, MergeText };
 enum class Cardinality { ToOne, ToMany };
 // What becomes of the objects at the other end when an object is deleted.
 enum class DeleteRule { Nullify, Cascade };
@@ -33,6 +36,7 @@ struct AttributeDescription {
     // leaves it absent.
     std::function<QVariant()> makeDefault = {};
     Loading loading = Loading::WithObject;
+    Conflict conflict = Conflict::LaterWins;
     QString renamedFrom = {}; // its name in the model before; empty where it is the same
 };
 

@@ -24,6 +24,7 @@ StoreResult<void> PersistentContainer::load(const PersistentStoreDescription& de
     auto store = SqliteStore::open(*description.path, m_coordinator.managedObjectModel(),
                                    migrates ? SqliteStore::Migration::Infer : SqliteStore::Migration::Refuse);
     if (!store) return std::unexpected(store.error());
+    if (description.changeCapture) STORE_TRY((*store)->setCapture(description.changeCapture));
     return m_viewContext.setStore(std::move(*store));
 }
 

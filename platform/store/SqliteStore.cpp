@@ -1,8 +1,11 @@
 #include "platform/store/SqliteStore.h"
 
 #include "platform/foundation/DatedFile.h"
+#include "platform/store/ChangeCapture.h"
 #include "platform/store/ManagedObject.h"
+#include "platform/store/ObjectColumns.h"
 #include "platform/store/StoreMigration.h"
+#include "platform/store/StorePragmas.h"
 #include "platform/store/StoreSchema.h"
 #include "platform/store/StoredValue.h"
 
@@ -17,24 +20,6 @@ namespace {
 
 // Of a new file. A text of the usual length fits into a page together with others.
 constexpr int pageBytes = 8192;
-
-// Far above what transactions can count to, and far below an overflow.
-constexpr qint64 largestRevision = 1LL << 62;
-
-// How much of the file SQLite keeps in memory, in KiB.
-constexpr int cacheKibibytes = 8192;
-
-// A value that has to be written and cannot be read fails the save: it must not go out as an absent one.
-StoreResult<QVariant> columnValue(const ManagedObject& object, qsizetype column) {
-    const auto attributes = static_cast<qsizetype>(object.entity().attributes.size());
-    if (column >= attributes) {
-        const ManagedObject* target = object.toOne(column - attributes);
-        return target ? idToColumn(target->objectID()) : QVariant();
-    }
-    auto value = object.readValue(column);
-    if (!value) return value;
-    return toColumn(object.entity().attributes[static_cast<std::size_t>(column)].type, *value);
-}
 
 bool isOnDemand(const EntityDescription& entity, qsizetype column) {
     const auto index = static_cast<std::size_t>(column);
@@ -101,7 +86,7 @@ StoreResult<void> SqliteStore::prepareFile(Migration migration) {
     auto blank = isBlank(*m_connection);
     if (!blank) return std::unexpected(blank.error());
     if (*blank) STORE_TRY(m_connection->setPragma(QStringLiteral("page_size"), pageBytes));
-    STORE_TRY(setPragmas());
+    STORE_TRY(setStorePragmas(*m_connection));
     if (*blank) return createTables();
     STORE_TRY(checkWhole());
     return migrateIfNeeded(migration);
@@ -122,18 +107,6 @@ StoreResult<void> SqliteStore::checkWhole() {
     return {};
 }
 
-StoreResult<void> SqliteStore::setPragmas() {
-    // Rollback journal, for a file that several connections may share. EXTRA also syncs the folder after the
-    // journal's removal, so that a commit cannot be undone by a power cut.
-    STORE_TRY(m_connection->setPragma(QStringLiteral("journal_mode"), QStringLiteral("delete")));
-    STORE_TRY(m_connection->setPragma(QStringLiteral("synchronous"), 3));
-    STORE_TRY(m_connection->setPragma(QStringLiteral("foreign_keys"), 1));
-    // The file may be damaged: check what is read.
-    STORE_TRY(m_connection->setPragma(QStringLiteral("cell_size_check"), 1));
-    STORE_TRY(m_connection->setPragma(QStringLiteral("cache_size"), -cacheKibibytes));
-    return m_connection->setPatience(SqliteConnection::Patience::Normal);
-}
-
 StoreResult<void> SqliteStore::createTables() {
     return m_connection->transaction([this]() -> StoreResult<void> {
         STORE_TRY(markFile(*m_connection));
@@ -150,24 +123,33 @@ StoreResult<void> SqliteStore::migrateIfNeeded(Migration migration) {
     if (metadata->modelVersion > m_model->version())
         return std::unexpected(
             StoreError{StoreError::Kind::TooNew, QStringLiteral("the store was written by a newer version")});
-    if (metadata->modelHash == m_model->versionHash()) return {};
+    if (metadata->modelHash == m_model->versionHash()) {
+        // A file that may not be written is shown as it is.
+        auto upgraded = upgradeFile(*m_connection, *metadata);
+        if (!upgraded && upgraded.error().kind != StoreError::Kind::ReadOnly) return upgraded;
+        return {};
+    }
     if (migration == Migration::Refuse)
         return std::unexpected(
             StoreError{StoreError::Kind::Incompatible, QStringLiteral("the store has another model")});
     const auto mapping = MappingModel::infer(metadata->entities, m_model->entities());
     if (!mapping) return std::unexpected(StoreError{StoreError::Kind::Incompatible, mapping.error()});
     STORE_TRY(copyVerified(*m_connection, datedBeside(m_path)));
+    STORE_TRY(upgradeFile(*m_connection, *metadata));
     return migrate(*m_connection, *metadata, *m_model, *mapping);
 }
 
+StoreResult<void> SqliteStore::setCapture(std::shared_ptr<ChangeCapture> capture) {
+    auto begun = m_connection->transaction([&] { return capture->begin(*m_connection); });
+    // A file that may not be written is shown all the same; nothing can be saved into it.
+    if (!begun && begun.error().kind != StoreError::Kind::ReadOnly) return begun;
+    m_capture = std::move(capture);
+    return {};
+}
+
 StoreResult<qint64> SqliteStore::revision() {
-    auto value =
-        m_connection->scalar(QStringLiteral("SELECT value FROM \"_Metadata\" WHERE key = 'revision'"));
-    if (!value) return std::unexpected(value.error());
-    // Transactions only ever count up; anything else was not written by one.
-    const qint64 revision = value->toLongLong();
-    if (value->typeId() == QMetaType::LongLong && revision >= m_seenRevision && revision < largestRevision)
-        return revision;
+    auto revision = storeRevision(*m_connection);
+    if (!revision || *revision >= m_seenRevision) return revision;
     return std::unexpected(
         StoreError{StoreError::Kind::Corrupt, QStringLiteral("the store's revision went back")});
 }
@@ -282,9 +264,9 @@ StoreResult<void> SqliteStore::commit(const std::function<void(const RemoteChang
         written = *current;
         const StoreChanges toWrite = changes();
         if (toWrite.isEmpty()) return {};
+        if (m_capture) STORE_TRY(m_capture->capture(*m_connection, toWrite));
         ++written;
-        STORE_TRY(m_connection->run(
-            QStringLiteral("UPDATE \"_Metadata\" SET value = ? WHERE key = 'revision'"), {written}));
+        STORE_TRY(setStoreRevision(*m_connection, written));
         return write(toWrite, written);
     });
     if (result) m_seenRevision = written;

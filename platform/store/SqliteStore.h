@@ -13,6 +13,7 @@
 
 namespace platform {
 
+class ChangeCapture;
 class ManagedObject;
 
 // One object as stored, without the values that are loaded on demand.
@@ -77,6 +78,9 @@ public:
 
     const QString& path() const { return m_path; }
 
+    // Tells `capture` of every commit from now on. To be called before readAll().
+    StoreResult<void> setCapture(std::shared_ptr<ChangeCapture> capture);
+
     // Reads all objects and then all memberships, on one state of the file.
     StoreResult<void> readAll(const std::function<void(StoreRow)>& eachRow,
                               const std::function<void(const JoinRow&)>& eachJoin);
@@ -103,7 +107,6 @@ private:
                 std::shared_ptr<const ManagedObjectModel> model);
 
     StoreResult<void> prepareFile(Migration migration);
-    StoreResult<void> setPragmas();
     StoreResult<void> checkWhole();
     StoreResult<void> createTables();
     StoreResult<void> migrateIfNeeded(Migration migration);
@@ -124,6 +127,7 @@ private:
     std::unique_ptr<SqliteConnection> m_connection;
     std::shared_ptr<const ManagedObjectModel> m_model;
     QHash<const RelationshipDescription*, const EntityDescription*> m_joinOwner;
+    std::shared_ptr<ChangeCapture> m_capture;
     qint64 m_seenRevision = 0; // everything up to it is known to the context, or its own
 };
 

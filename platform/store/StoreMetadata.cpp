@@ -11,7 +11,9 @@ namespace platform {
 namespace {
 
 constexpr int applicationId = 0x514C4C54; // "QLLT"
-constexpr int fileVersion = 1;            // user_version; a greater one was written by a newer program
+
+// Far above what transactions can count to, and far below an overflow.
+constexpr qint64 largestRevision = 1LL << 62;
 
 const QString modelKey = QStringLiteral("model");
 const QString modelHashKey = QStringLiteral("modelHash");
@@ -21,10 +23,10 @@ std::unexpected<StoreError> notAStore(const QString& message) {
     return std::unexpected(StoreError{StoreError::Kind::NotADatabase, message});
 }
 
-StoreResult<void> requireKnownVersion(SqliteConnection& connection) {
+StoreResult<int> fileVersionOf(SqliteConnection& connection) {
     auto version = connection.scalar(QStringLiteral("PRAGMA user_version"));
     if (!version) return std::unexpected(version.error());
-    if (version->toInt() <= fileVersion) return {};
+    if (version->toInt() <= currentFileVersion) return version->toInt();
     return std::unexpected(
         StoreError{StoreError::Kind::TooNew, QStringLiteral("the store was written by a newer version")});
 }
@@ -57,7 +59,7 @@ StoreResult<bool> isBlank(SqliteConnection& connection) {
     if (!tables) return std::unexpected(tables.error());
     if (tables->toInt() == 0 && id->toInt() == 0) return true;
     if (id->toInt() != applicationId) return notAStore(QStringLiteral("the file belongs to another program"));
-    STORE_TRY(requireKnownVersion(connection));
+    STORE_TRY(fileVersionOf(connection));
     return false;
 }
 
@@ -65,11 +67,13 @@ StoreResult<StoreMetadata> readMetadata(SqliteConnection& connection) {
     auto blank = isBlank(connection);
     if (!blank) return std::unexpected(blank.error());
     if (*blank) return notAStore(QStringLiteral("the file is empty"));
+    auto version = fileVersionOf(connection);
+    if (!version) return std::unexpected(version.error());
     // A view or a trigger in a table's place could do anything, so nothing is read but tables as we make
     // them.
     auto schema = schemaOf(connection);
     if (!schema) return std::unexpected(schema.error());
-    if (!schema->contains(setOf(commonTables())))
+    if (!schema->contains(setOf(commonTables(*version))))
         return damaged(QStringLiteral("the store's tables are not as they were made"));
     QHash<QString, QVariant> values;
     STORE_TRY(connection.query(
@@ -80,9 +84,9 @@ StoreResult<StoreMetadata> readMetadata(SqliteConnection& connection) {
     auto entities = unarchiveModel(archive);
     if (!entities || hash != QCryptographicHash::hash(archive, QCryptographicHash::Sha256))
         return damaged(QStringLiteral("the store's model is damaged"));
-    if (*schema != setOf(commonTables() + tablesOf(*entities)))
+    if (*schema != setOf(commonTables(*version) + tablesOf(*entities)))
         return damaged(QStringLiteral("the store's tables are not as they were made"));
-    return StoreMetadata{values.value(modelVersionKey).toInt(), hash, std::move(*entities)};
+    return StoreMetadata{*version, values.value(modelVersionKey).toInt(), hash, std::move(*entities)};
 }
 
 StoreResult<void> writeMetadata(SqliteConnection& connection, const ManagedObjectModel& model) {
@@ -94,7 +98,31 @@ StoreResult<void> writeMetadata(SqliteConnection& connection, const ManagedObjec
 
 StoreResult<void> markFile(SqliteConnection& connection) {
     STORE_TRY(connection.run(QStringLiteral("PRAGMA application_id = %1").arg(applicationId)));
-    return connection.run(QStringLiteral("PRAGMA user_version = %1").arg(fileVersion));
+    return connection.run(QStringLiteral("PRAGMA user_version = %1").arg(currentFileVersion));
+}
+
+StoreResult<void> upgradeFile(SqliteConnection& connection, const StoreMetadata& metadata) {
+    if (metadata.fileVersion == currentFileVersion) return {};
+    return connection.transaction([&connection]() -> StoreResult<void> {
+        for (const auto& statement : mirrorTables())
+            STORE_TRY(connection.run(statement));
+        return markFile(connection);
+    });
+}
+
+StoreResult<qint64> storeRevision(SqliteConnection& connection) {
+    auto value = connection.scalar(QStringLiteral("SELECT value FROM \"_Metadata\" WHERE key = 'revision'"));
+    if (!value) return std::unexpected(value.error());
+    // Transactions only ever count up; anything else was not written by one.
+    const qint64 revision = value->toLongLong();
+    if (value->typeId() == QMetaType::LongLong && revision >= 0 && revision < largestRevision)
+        return revision;
+    return damaged(QStringLiteral("the store's revision is no number of a transaction"));
+}
+
+StoreResult<void> setStoreRevision(SqliteConnection& connection, qint64 revision) {
+    return connection.run(QStringLiteral("UPDATE \"_Metadata\" SET value = ? WHERE key = 'revision'"),
+                          {revision});
 }
 
 } // namespace platform

@@ -7,6 +7,7 @@ namespace platform {
 
 // What a store says of itself.
 struct StoreMetadata {
+    int fileVersion = 0; // of the tables that do not depend on the model
     int modelVersion = 0;
     QByteArray modelHash;
     std::vector<EntityDescription> entities;
@@ -23,8 +24,15 @@ StoreResult<void> writeMetadata(SqliteConnection& connection, const ManagedObjec
 // Marks the file as one of this program and of this form of store. Inside the transaction that makes it.
 StoreResult<void> markFile(SqliteConnection& connection);
 
+// Brings a file of an earlier version to the current one, in one transaction.
+StoreResult<void> upgradeFile(SqliteConnection& connection, const StoreMetadata& metadata);
+
 // Whether the file is empty, so that a store can be made in it. An error as of readMetadata() where the file
 // is another's or a later program's.
 StoreResult<bool> isBlank(SqliteConnection& connection);
+
+// The number of the last transaction that wrote rows.
+StoreResult<qint64> storeRevision(SqliteConnection& connection);
+StoreResult<void> setStoreRevision(SqliteConnection& connection, qint64 revision);
 
 } // namespace platform

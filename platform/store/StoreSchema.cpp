@@ -115,13 +115,30 @@ QStringList tablesOf(const std::vector<EntityDescription>& entities) {
     return statements;
 }
 
-QStringList commonTables() {
-    return {
+QStringList commonTables(int fileVersion) {
+    const QStringList firstTables{
         QStringLiteral("CREATE TABLE \"_Metadata\" (key TEXT PRIMARY KEY NOT NULL, value ANY) STRICT"),
         QStringLiteral(
             "CREATE TABLE \"_Deleted\" (id BLOB PRIMARY KEY NOT NULL, rev INTEGER NOT NULL) STRICT, "
             "WITHOUT ROWID"),
         QStringLiteral("CREATE INDEX \"_Deleted_rev\" ON \"_Deleted\" (rev)"),
+    };
+    return fileVersion < 2 ? firstTables : firstTables + mirrorTables();
+}
+
+QStringList mirrorTables() {
+    return {
+        QStringLiteral(
+            "CREATE TABLE \"_Mirror\" (id BLOB PRIMARY KEY NOT NULL, state BLOB NOT NULL, dead INTEGER NOT "
+            "NULL, "
+            "change INTEGER NOT NULL, revision INTEGER NOT NULL, reading INTEGER NOT NULL, bases BLOB, "
+            "parked BLOB) STRICT"),
+        QStringLiteral("CREATE INDEX \"_Mirror_change\" ON \"_Mirror\" (change) WHERE change > 0"),
+        QStringLiteral("CREATE INDEX \"_Mirror_dead\" ON \"_Mirror\" (revision) WHERE dead > 0"),
+        QStringLiteral("CREATE TABLE \"_MirrorLinks\" (source BLOB NOT NULL, target BLOB NOT NULL, "
+                       "PRIMARY KEY (source, target)) STRICT, WITHOUT ROWID"),
+        QStringLiteral("CREATE INDEX \"_MirrorLinks_target\" ON \"_MirrorLinks\" (target)"),
+        QStringLiteral("CREATE TABLE \"_MirrorState\" (key TEXT PRIMARY KEY NOT NULL, value ANY) STRICT"),
     };
 }
 

@@ -15,6 +15,15 @@ namespace platform {
 // "_Deleted" names the objects that are gone and the revision that removed them, "_Metadata" holds the model,
 // its hash and version, and the revision: a counter that every transaction increments.
 //
+// The mirror's tables are empty where nothing mirrors the store. "_Mirror" has an entry for every object that
+// is or was: its state (platform/mirror/ObjectState.h; attributes that are as in the object's row left out),
+// whether it is dead by itself, its place in the outbox ("change", 0 outside), the server's revision and the
+// full reading that are known of it, and, mostly absent, the bases of its changed texts and the record that
+// could not be read. "_MirrorLinks" names, for objects that have a row, the targets in their states that have
+// none; it may name more. "_MirrorState" holds where the mirror stands.
+//
+// Version 1 of the file had no tables of the mirror; it is brought to version 2 when a store is opened.
+//
 // Columns carry the numbers of ColumnSet; a to-many relationship is no column.
 
 QString quoted(const QString& name);
@@ -36,8 +45,13 @@ std::vector<StoredColumn> columnsOf(const EntityDescription& entity);
 
 // Every statement that makes the tables and indexes of the entities in an empty file, metadata not included.
 QStringList tablesOf(const std::vector<EntityDescription>& entities);
-// The statements that make the tables which every store has.
-QStringList commonTables();
+// Of the tables that every store has, whatever its model: a file's user_version.
+constexpr int currentFileVersion = 2;
+
+// The statements that make the tables which every store of that version has.
+QStringList commonTables(int fileVersion = currentFileVersion);
+// Those of them that version 1 does not have.
+QStringList mirrorTables();
 // The names of the tables and of the indexes that tablesOf() makes.
 QStringList tableNames(const std::vector<EntityDescription>& entities);
 QStringList indexNames(const std::vector<EntityDescription>& entities);

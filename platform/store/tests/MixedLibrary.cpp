@@ -117,6 +117,13 @@ QByteArray bytesOf(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+void makeFirstVersion(const QString& path) {
+    auto connection = platform::SqliteConnection::open(path, platform::SqliteConnection::Access::ReadWrite);
+    for (const char* statement : {"DROP TABLE \"_Mirror\"", "DROP TABLE \"_MirrorLinks\"",
+                                  "DROP TABLE \"_MirrorState\"", "PRAGMA user_version = 1", "VACUUM"})
+        ASSERT_TRUE((*connection)->run(QString::fromLatin1(statement))) << statement;
+}
+
 void putFile(const QString& path, const QByteArray& bytes) {
     QFile::remove(path + QStringLiteral("-journal"));
     QFile file(path);

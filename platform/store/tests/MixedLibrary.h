@@ -22,6 +22,9 @@ void edit(Library& library);
 
 QByteArray bytesOf(const QString& path);
 
+// Makes the store one of the first version of the file.
+void makeFirstVersion(const QString& path);
+
 // Makes the file hold these bytes, with no journal beside it. Fails the test where it cannot.
 void putFile(const QString& path, const QByteArray& bytes);
 

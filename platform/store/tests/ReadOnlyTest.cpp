@@ -80,6 +80,16 @@ TEST_F(ReadOnly, AFileThatMayNotBeWrittenShowsItsObjectsAndFailsSaves) {
     EXPECT_EQ(shelf::storedDump(path), shelf::dump(library.context));
 }
 
+TEST_F(ReadOnly, AFileOfAnEarlierVersionThatMayNotBeWrittenShowsItsObjectsToo) {
+    shelf::makeFirstVersion(path);
+    permit(0555, 0444);
+    const OrdinaryUser user;
+    EXPECT_EQ(shelf::storedDump(path), stored);
+    Library library(path);
+    shelf::edit(library);
+    expectReadOnlySave(library);
+}
+
 // SQLite needs the folder for its journal.
 TEST_F(ReadOnly, AFolderThatMayNotBeWrittenFailsSavesForAsLongAsThatIsSo) {
     permit(0555, 0666);
