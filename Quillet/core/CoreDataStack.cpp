@@ -2,6 +2,8 @@
 
 #include "Quillet/core/DataDirectory.h"
 #include "Quillet/core/LibraryModel.h"
+#include "Quillet/core/Segment.h"
+#include "Quillet/core/Snippet.h"
 #include "Quillet/core/StoreCheck.h"
 #include "platform/foundation/Log.h"
 #include "platform/foundation/NeverDestroyed.h"
@@ -9,6 +11,15 @@
 namespace quillet {
 
 using platform::logLine;
+
+namespace {
+
+void keepText(platform::ManagedObject& object, qsizetype, const QString& text) {
+    auto* owner = dynamic_cast<Segment*>(&object) ? object.toOne(Segment::OfSnippet) : &object;
+    if (auto* snippet = dynamic_cast<Snippet*>(owner)) Segment::keepConflicting(*snippet, text);
+}
+
+} // namespace
 
 CoreDataStack& CoreDataStack::shared() {
     static platform::NeverDestroyed<CoreDataStack> stack(dataDirectory());
@@ -36,7 +47,8 @@ void CoreDataStack::build() {
 
 void CoreDataStack::finishLoading(const std::optional<platform::StoreError>& error) {
     logLine(QStringLiteral("☁️ fetched stores"));
-    m_container->viewContext().setAutomaticallyMergesChangesFromParent(true);
+    viewContext().setKeepText(&keepText);
+    viewContext().setAutomaticallyMergesChangesFromParent(true);
     if (!error) return;
     logLine(QStringLiteral("☁️ there has been an error loading the stores and the user will have no data."));
     logLine(QStringLiteral("☁️ ") + error->message);

@@ -8,6 +8,8 @@
 
 namespace quillet {
 
+class Snippet;
+
 // A further named text of a snippet. Main thread.
 class Segment : public platform::ManagedObject {
 public:
@@ -17,6 +19,10 @@ public:
 
     // Detached, created at this moment.
     Segment();
+
+    // A text that could not be merged into one of `snippet` becomes a segment beside it, in the snippet's
+    // context; not saved.
+    static void keepConflicting(Snippet& snippet, const QString& text);
 
     QString title() const { return value(Title).toString(); }
 

@@ -2,11 +2,13 @@
 
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/KeyStore.h"
+#include "Quillet/core/Segment.h"
 #include "Quillet/core/SnippetService.h"
 #include "Quillet/screens/Languages.h"
 #include "Quillet/screens/ListWithSelectionViewController.h"
 #include "Quillet/screens/SnippetDetailsViewController.h"
 #include "platform/foundation/DateFormats.h"
+#include "platform/foundation/TextMerge.h"
 #include "platform/screens/Sheet.h"
 #include "platform/screens/Symbol.h"
 
@@ -17,6 +19,8 @@
 #include <QtWidgets/QScroller>
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
 
 namespace quillet {
 
@@ -100,6 +104,8 @@ SnippetViewController::SnippetViewController(QWidget* parent)
         if (onBack) onBack();
     });
 
+    m_changes = CoreDataStack::shared().viewContext().onChange(
+        [this](const platform::ContextChanges& changes) { takeChanges(changes); });
     setTheme(KeyStore::shared().codeTheme());
     m_timer.start();
     setSnippet(nullptr);
@@ -145,20 +151,51 @@ void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
     const bool present = m_snippet != nullptr;
     m_editButton->setEnabled(present);
     m_languageButton->setVisible(present);
-    m_snippetNameLabel->setText(present ? m_snippet->title() : QString());
-    m_notesLabel->setText(present ? m_snippet->notes() : QString());
-    m_notesLabel->setVisible(!m_notesLabel->text().isEmpty());
+    showDescription();
     const auto code = present ? m_snippet->readCode() : QString();
     // What cannot be read now must not be written over later.
     m_textView->setEnabled(code.has_value());
     m_textView->setPlaceholderText(!code     ? unreadableText.arg(code.error().message)
                                    : present ? placeholder
                                              : emptyText);
-    m_textView->setText(code.value_or(QString()));
+    m_knownCode = code.value_or(QString());
+    m_textView->setText(m_knownCode);
     if (present) m_selectedLanguage = m_snippet->language().value_or(QString());
     showValue(m_languageButton, m_selectedLanguage);
     m_textStorage->setLanguage(m_selectedLanguage.isEmpty() ? std::nullopt
                                                             : std::optional(m_selectedLanguage));
+}
+
+void SnippetViewController::showDescription() {
+    m_snippetNameLabel->setText(m_snippet ? m_snippet->title() : QString());
+    m_notesLabel->setText(m_snippet ? m_snippet->notes() : QString());
+    m_notesLabel->setVisible(!m_notesLabel->text().isEmpty());
+}
+
+void SnippetViewController::takeChanges(const platform::ContextChanges& changes) {
+    if (std::ranges::find(changes.updated, m_snippet) == changes.updated.end()) return;
+    showDescription();
+    if (const auto language = m_snippet->language(); language && *language != m_selectedLanguage) {
+        m_selectedLanguage = *language;
+        showValue(m_languageButton, m_selectedLanguage);
+        m_textStorage->setLanguage(m_selectedLanguage);
+    }
+    // What could not be read at first stays closed until the snippet is selected again.
+    if (const auto code = m_snippet->readCode(); code && m_textView->isEnabled()) takeText(*code);
+}
+
+// Another device, or another window, has written the text on screen.
+void SnippetViewController::takeText(const QString& code) {
+    if (code == m_knownCode) return;
+    if (!m_textView->document()->isModified()) {
+        m_textView->updateText(code);
+        m_textView->document()->setModified(false);
+    } else if (const QString typed = m_textView->text(); typed != code) {
+        const auto merged = platform::mergeTexts(m_knownCode, code, typed);
+        if (merged.isConflict) Segment::keepConflicting(*m_snippet, code);
+        m_textView->updateText(merged.text);
+    }
+    m_knownCode = code;
 }
 
 void SnippetViewController::saveContents(Silent silent) {
@@ -166,7 +203,8 @@ void SnippetViewController::saveContents(Silent silent) {
     if (!m_snippet) return;
     // A text that nobody touched here may have a newer one in the store.
     if (m_textView->document()->isModified()) {
-        m_snippet->setCode(m_textView->text());
+        m_knownCode = m_textView->text();
+        m_snippet->setCode(m_knownCode);
         m_textView->document()->setModified(false);
         // Deleted elsewhere meanwhile, it comes back with what was typed into it.
         if (!m_snippet->context()) SnippetService().save(m_snippet);
@@ -181,6 +219,7 @@ void SnippetViewController::createFromText() {
     m_snippet = Snippet::create(QStringLiteral("New Snippet - ") +
                                     platform::shortDateTime(QDateTime::currentDateTime()),
                                 m_notesLabel->text(), m_textView->text(), m_selectedLanguage);
+    m_knownCode = m_textView->text();
     m_editButton->setEnabled(true);
     m_languageButton->setVisible(true);
     m_snippetNameLabel->setText(m_snippet->title());

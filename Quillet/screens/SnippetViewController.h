@@ -5,6 +5,7 @@
 #include "Quillet/screens/CodeAttributedString.h"
 #include "platform/foundation/Timer.h"
 #include "platform/screens/TextView.h"
+#include "platform/store/ManagedObjectContext.h"
 
 #include <QtWidgets/QWidget>
 
@@ -50,8 +51,13 @@ private:
     void selectLanguage(const QString& language);
     void autoSave();
     void createFromText();
+    void showDescription();
+    void takeChanges(const platform::ContextChanges& changes);
+    void takeText(const QString& code);
 
     std::shared_ptr<Snippet> m_snippet;
+    QString m_knownCode; // of the snippet, as this screen has seen it
+    platform::Subscription m_changes;
     QString m_selectedLanguage = QStringLiteral("swift");
     QString m_currentTheme;
     QToolButton* m_backButton;

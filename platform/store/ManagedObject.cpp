@@ -55,8 +55,8 @@ void ManagedObject::setValue(qsizetype attribute, QVariant value) {
     if (m_context) m_context->makeWhole(*this);
     auto& current = m_values[static_cast<std::size_t>(attribute)];
     if (current.isNull() == value.isNull() && current == value) return;
-    current = std::move(value);
-    if (m_context) m_context->noteUpdate(*this, attribute);
+    const QVariant before = std::exchange(current, std::move(value));
+    if (m_context) m_context->noteUpdate(*this, attribute, before);
 }
 
 ManagedObject* ManagedObject::toOne(qsizetype relationship) const {

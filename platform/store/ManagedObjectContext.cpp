@@ -210,6 +210,15 @@ void ManagedObjectContext::makeWhole(const ManagedObject& object) {
     (void)m_store->setPatience(SqliteConnection::Patience::Normal);
 }
 
+void ManagedObjectContext::noteUpdate(ManagedObject& object, qsizetype attribute, const QVariant& before) {
+    const auto& description = object.entity().attributes[static_cast<std::size_t>(attribute)];
+    const bool isKnown = before.metaType() != QMetaType::fromType<ManagedObject::Fault>();
+    if (description.conflict == Conflict::MergeText && isKnown)
+        m_pending.updateText(object, attribute, before);
+    else
+        m_pending.update(object, attribute);
+}
+
 StoreResult<QVariant> ManagedObjectContext::fulfilFault(const ManagedObject& object, qsizetype attribute) {
     if (!m_store)
         return std::unexpected(StoreError{StoreError::Kind::NotLoaded, QStringLiteral("no store is loaded")});

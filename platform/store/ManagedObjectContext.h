@@ -37,7 +37,8 @@ struct FetchRequest {
 // demand: these are read when asked for, and those that are as stored are given up again when they grow too
 // many. A failed save writes nothing and keeps every change pending, so the next save that works carries
 // them. What another connection wrote is merged property by property: a property with a pending change keeps
-// it, and an object with pending changes that the other deleted is written anew. Main thread.
+// it, but for a text that the model wants merged: that takes the other's lines in. An object with pending
+// changes that the other deleted is written anew. Main thread.
 class ManagedObjectContext {
 public:
     explicit ManagedObjectContext(std::shared_ptr<const ManagedObjectModel> model);
@@ -71,6 +72,12 @@ public:
     // Whether that happens by itself, soon after another connection, of whatever process, has written.
     void setAutomaticallyMergesChangesFromParent(bool automatically);
 
+    // `keep` is given the texts that a merge has to leave out: another connection wrote `text` into an
+    // attribute that was changed here meanwhile, in the same lines. It may insert objects.
+    using KeepText = std::function<void(ManagedObject& object, qsizetype attribute, const QString& text)>;
+
+    void setKeepText(KeepText keep) { m_keepText = std::move(keep); }
+
     // Told after each save and each merge that changed something.
     Subscription onChange(std::function<void(const ContextChanges&)> observer);
 
@@ -82,7 +89,7 @@ private:
     // anew if another connection deletes it meanwhile.
     void makeWhole(const ManagedObject& object);
 
-    void noteUpdate(ManagedObject& object, qsizetype column) { m_pending.update(object, column); }
+    void noteUpdate(ManagedObject& object, qsizetype attribute, const QVariant& before);
 
     void noteRelationChange(ManagedObject& source, qsizetype relationship, ManagedObject& target,
                             qsizetype inverse) {
@@ -109,6 +116,7 @@ private:
     std::uint64_t m_nextSequence = 0;
 
     PendingChanges m_pending;
+    KeepText m_keepText;
 
     // Objects with values in memory that are loaded on demand, the size of these in bytes, and the size from
     // which on those that are as stored are given up.

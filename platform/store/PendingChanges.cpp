@@ -104,6 +104,22 @@ void PendingChanges::update(ManagedObject& object, qsizetype column) {
     if (!isInserted(object)) m_updated[&object].set(static_cast<std::size_t>(column));
 }
 
+void PendingChanges::updateText(ManagedObject& object, qsizetype attribute, const QVariant& before) {
+    if (!isInserted(object) && !isColumnChanged(object, attribute)) setTextBase(object, attribute, before);
+    update(object, attribute);
+}
+
+std::optional<QVariant> PendingChanges::textBase(const ManagedObject& object, qsizetype attribute) const {
+    const auto bases = m_textBases.constFind(&object);
+    if (bases == m_textBases.constEnd()) return std::nullopt;
+    const auto base = bases->constFind(attribute);
+    return base == bases->constEnd() ? std::nullopt : std::optional(*base);
+}
+
+void PendingChanges::setTextBase(ManagedObject& object, qsizetype attribute, const QVariant& base) {
+    m_textBases[&object].insert(attribute, base);
+}
+
 void PendingChanges::updateRelation(ManagedObject& source, qsizetype relationship, ManagedObject& target,
                                     qsizetype inverse) {
     update(source, columnOf(source, relationship));
@@ -117,6 +133,7 @@ void PendingChanges::updateRelation(ManagedObject& source, qsizetype relationshi
 
 void PendingChanges::remove(const std::shared_ptr<ManagedObject>& object) {
     m_updated.remove(object.get());
+    m_textBases.remove(object.get());
     // What no save has written needs no deletion in the store.
     const QUuid id = object->objectID();
     const bool isNew = m_inserted.remove(id) > 0;
@@ -127,6 +144,7 @@ void PendingChanges::forget(const ManagedObject& object) {
     m_inserted.remove(object.objectID());
     m_perhapsStored.remove(object.objectID());
     m_updated.remove(const_cast<ManagedObject*>(&object));
+    m_textBases.remove(&object);
     forgetMemberships(object.objectID());
 }
 
@@ -185,6 +203,7 @@ ContextChanges PendingChanges::take() {
         taken.deleted.push_back(object);
     m_inserted.clear();
     m_updated.clear();
+    m_textBases.clear();
     m_deleted.clear();
     m_joins.clear();
     m_perhapsStored.clear();

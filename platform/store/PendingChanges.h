@@ -42,6 +42,11 @@ public:
     // An object that the store turned out to lack.
     void noteMissing(ManagedObject& object);
     void update(ManagedObject& object, qsizetype column);
+    // As update(), of a text that is merged with what others write; `before` is what the change began with.
+    void updateText(ManagedObject& object, qsizetype attribute, const QVariant& before);
+    // What the pending text of an attribute was made from; nothing where that is not known.
+    std::optional<QVariant> textBase(const ManagedObject& object, qsizetype attribute) const;
+    void setTextBase(ManagedObject& object, qsizetype attribute, const QVariant& base);
     // The relation between the two was made or cut.
     void updateRelation(ManagedObject& source, qsizetype relationship, ManagedObject& target,
                         qsizetype inverse);
@@ -77,6 +82,7 @@ private:
     std::shared_ptr<const ManagedObjectModel> m_model;
     QHash<QUuid, std::shared_ptr<ManagedObject>> m_inserted;
     QHash<ManagedObject*, ColumnSet> m_updated;
+    QHash<const ManagedObject*, QHash<qsizetype, QVariant>> m_textBases; // of changed texts
     QHash<QUuid, std::shared_ptr<ManagedObject>> m_deleted;
     QHash<JoinRow, bool> m_joins; // true: must be there after the save
 

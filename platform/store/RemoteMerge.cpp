@@ -1,5 +1,6 @@
 #include "platform/store/RemoteMerge.h"
 
+#include "platform/foundation/TextMerge.h"
 #include "platform/store/StoreSchema.h"
 
 namespace platform {
@@ -7,6 +8,9 @@ namespace platform {
 ContextChanges RemoteMerge::apply(const RemoteChanges& remote) {
     applyObjects(remote);
     applyMemberships(remote);
+    if (m_context->m_keepText)
+        for (const auto& [object, attribute, text] : m_leftOut)
+            m_context->m_keepText(*object, attribute, text);
     return std::move(m_changes);
 }
 
@@ -98,7 +102,7 @@ void RemoteMerge::applyRow(const StoreRow& row) {
 }
 
 void RemoteMerge::applyValue(ManagedObject& object, qsizetype attribute, const QVariant& value) {
-    if (m_context->m_pending.isColumnChanged(object, attribute)) return;
+    if (m_context->m_pending.isColumnChanged(object, attribute)) return mergeText(object, attribute, value);
     auto& current = object.m_values[static_cast<std::size_t>(attribute)];
     if (object.entity().attributes[static_cast<std::size_t>(attribute)].loading == Loading::OnDemand) {
         if (object.isFault(attribute)) return;
@@ -107,6 +111,28 @@ void RemoteMerge::applyValue(ManagedObject& object, qsizetype attribute, const Q
         if (current.isNull() == value.isNull() && current == value) return;
         current = value;
     }
+    noteUpdated(object);
+}
+
+void RemoteMerge::mergeText(ManagedObject& object, qsizetype attribute, const QVariant& stored) {
+    const auto& description = object.entity().attributes[static_cast<std::size_t>(attribute)];
+    if (description.conflict != Conflict::MergeText || object.isFault(attribute)) return;
+    const auto theirs = description.loading == Loading::OnDemand
+                            ? m_context->m_store->readValue(object.entity(), attribute, object.objectID())
+                            : stored;
+    auto& pending = m_context->m_pending;
+    const auto base = pending.textBase(object, attribute);
+    if (!theirs || (base && *base == *theirs)) return;
+    pending.setTextBase(object, attribute, *theirs);
+    auto& current = object.m_values[static_cast<std::size_t>(attribute)];
+    const QString mine = current.toString();
+    const QString text = theirs->toString();
+    if (mine == text) return;
+    const auto merged =
+        base ? mergeTexts(base->toString(), text, mine) : MergedText{.text = mine, .isConflict = true};
+    if (merged.isConflict) m_leftOut.push_back({object.shared_from_this(), attribute, text});
+    if (merged.text == mine) return;
+    current = merged.text;
     noteUpdated(object);
 }
 

@@ -1,4 +1,5 @@
 #include "Quillet/core/Repository.h"
+#include "Quillet/core/Segment.h"
 #include "Quillet/core/SnippetService.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 #include "Quillet/screens/HealthBanner.h"
@@ -176,6 +177,43 @@ TEST_F(LibraryScreens, ATextThatNobodyTouchedHereDoesNotOverwriteANewerOne) {
     ASSERT_TRUE(context().mergeChanges());
     window->save();
     EXPECT_EQ(codesOnDisk(), QStringList{QStringLiteral("newer")});
+}
+
+TEST_F(LibraryScreens, WhatIsWrittenElsewhereIsShownAndMergedWithWhatIsTyped) {
+    open();
+    createByForm(QStringLiteral("Shared"), QStringLiteral("swift"));
+    code()->insertPlainText(QStringLiteral("one\ntwo\nthree"));
+    window->save();
+    CoreDataStack other(directory);
+    const auto theirs = Repository<Snippet>(other.viewContext()).results().value().at(0);
+    theirs->setCode(QStringLiteral("zero\none\ntwo\nthree"));
+    other.save(SaveReason::AddedSnippet);
+    ASSERT_TRUE(context().mergeChanges());
+    EXPECT_EQ(code()->text(), QStringLiteral("zero\none\ntwo\nthree"));
+    EXPECT_FALSE(code()->document()->isModified());
+    EXPECT_TRUE(code()->textCursor().atEnd());
+
+    QTest::keyClicks(code(), QStringLiteral(" and typed"));
+    theirs->setCode(QStringLiteral("changed\none\ntwo\nthree"));
+    other.save(SaveReason::AddedSnippet);
+    ASSERT_TRUE(context().mergeChanges());
+    const QString merged = QStringLiteral("changed\none\ntwo\nthree and typed");
+    EXPECT_EQ(code()->text(), merged);
+    window->save();
+    EXPECT_EQ(codesOnDisk(), QStringList{merged});
+
+    // The same line, and this window has not heard of it when it saves.
+    ASSERT_TRUE(other.viewContext().mergeChanges());
+    theirs->setCode(QStringLiteral("changed\none\ntwo\ntheirs"));
+    other.save(SaveReason::AddedSnippet);
+    QTest::keyClicks(code(), QStringLiteral(" here"));
+    window->save();
+    EXPECT_EQ(code()->text(), merged + QStringLiteral(" here"));
+    EXPECT_EQ(codesOnDisk(), QStringList{merged + QStringLiteral(" here")});
+    const auto segments = stored().at(0)->sortedSegments();
+    ASSERT_EQ(segments.size(), 1U);
+    EXPECT_TRUE(segments[0]->title().startsWith(QStringLiteral("Conflict - ")));
+    EXPECT_EQ(segments[0]->code(), QStringLiteral("changed\none\ntwo\ntheirs"));
 }
 
 TEST_F(LibraryScreens, WhatIsTypedIntoASnippetThatWasDeletedElsewhereBringsItBack) {
