@@ -5,6 +5,15 @@
 
 namespace platform {
 
+namespace {
+
+// A null of the database has a type, one of ours has none.
+bool isSame(const QVariant& a, const QVariant& b) {
+    return a.isNull() == b.isNull() && (a.isNull() || a == b);
+}
+
+} // namespace
+
 StoreResult<bool> MirrorRows::isThere(const QString& table, const QUuid& id) {
     auto found = m_connection->scalar(QStringLiteral("SELECT 1 FROM %1 WHERE \"_id\" = ?").arg(table),
                                       {id.toRfc4122()});
@@ -63,7 +72,7 @@ StoreResult<void> MirrorRows::update(const EntityShape& shape, const QUuid& id, 
     QVariantList values;
     for (const auto& column : shape.columns) {
         const auto number = static_cast<std::size_t>(column.index);
-        if (before[number].isNull() == after[number].isNull() && before[number] == after[number]) continue;
+        if (isSame(before[number], after[number])) continue;
         assignments += column.name + QStringLiteral(" = ?");
         values += after[number];
     }

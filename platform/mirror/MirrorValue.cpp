@@ -26,15 +26,6 @@ std::optional<QVariant> textColumn(const QCborValue& value) {
     return text ? std::optional(toColumn(AttributeType::String, *text)) : std::nullopt;
 }
 
-// Integers that no date can hold would come back from a context as others.
-std::optional<QVariant> dateColumn(const QCborValue& value) {
-    if (!value.isInteger()) return std::nullopt;
-    const QVariant date = fromColumn(AttributeType::Date, value.toInteger());
-    const QVariant column = toColumn(AttributeType::Date, date);
-    return column.isValid() && column.toLongLong() == value.toInteger() ? std::optional(column)
-                                                                        : std::nullopt;
-}
-
 } // namespace
 
 QCborValue toMirror(AttributeType type, const QVariant& column) {
@@ -66,7 +57,7 @@ std::optional<QVariant> fromMirror(const AttributeDescription& attribute, const 
     case AttributeType::Boolean:
         return value.isBool() ? std::optional(QVariant(value.toBool() ? 1 : 0)) : std::nullopt;
     case AttributeType::Date:
-        return dateColumn(value);
+        return integerColumn(value, std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max());
     case AttributeType::Uuid:
         return value.toByteArray().size() == identityBytes ? bytesColumn(value) : std::nullopt;
     case AttributeType::Binary:
