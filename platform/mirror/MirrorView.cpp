@@ -31,9 +31,7 @@ MirrorView::MirrorView(SqliteConnection& connection, const MirrorShape& shape)
 StoreResult<void> MirrorView::put(const QUuid& id, MirroredObject object) {
     auto previous = m_table.read(id);
     if (!previous) return std::unexpected(previous.error());
-    if (*previous && (*previous)->state.entity != object.state.entity)
-        return std::unexpected(
-            StoreError{StoreError::Kind::Constraint, QStringLiteral("an object keeps its entity for life")});
+    if (*previous && (*previous)->state.entity != object.state.entity) STORE_TRY(hideShown(id));
     STORE_TRY(bring(id, std::move(object), Entry::New, Dependents::IfChanged));
     return drain();
 }
@@ -59,13 +57,19 @@ StoreResult<void> MirrorView::settleNoted() {
 }
 
 StoreResult<void> MirrorView::remove(const QUuid& id) {
-    auto object = m_table.read(id);
-    if (!object) return std::unexpected(object.error());
-    auto shown = isShown(id);
-    if (!shown) return std::unexpected(shown.error());
-    if (*shown) STORE_TRY(hide(*m_shape->find((*object)->state.entity), id));
+    STORE_TRY(hideShown(id));
     STORE_TRY(m_table.remove(id));
     return drain();
+}
+
+StoreResult<void> MirrorView::hideShown(const QUuid& id) {
+    auto object = m_table.read(id);
+    if (!object) return std::unexpected(object.error());
+    const auto* shape = *object ? m_shape->find((*object)->state.entity) : nullptr;
+    if (!shape) return {};
+    auto shown = m_rows.isThere(shape->table, id);
+    if (!shown) return std::unexpected(shown.error());
+    return *shown ? hide(*shape, id) : StoreResult<void>();
 }
 
 StoreResult<bool> MirrorView::isShown(const QUuid& id) {

@@ -65,6 +65,7 @@ private:
     // Adds to `missing` the members that are not shown.
     StoreResult<void> showMembers(const EntityShape& shape, const EntityShape::Set& set, const QUuid& id,
                                   const ObjectState& state, std::set<QUuid>& missing);
+    StoreResult<void> hideShown(const QUuid& id);
     StoreResult<void> hide(const EntityShape& shape, const QUuid& id);
     StoreResult<void> setLinks(const QUuid& id, const std::set<QUuid>& targets);
 

@@ -86,17 +86,9 @@ StoreResult<std::vector<QUuid>> SqliteMirrorStorage::notMetBy(qint64 reading) {
 }
 
 StoreResult<std::vector<QUuid>> SqliteMirrorStorage::deadUpTo(qint64 upTo) {
-    auto dead = m_table.select(
+    return m_table.select(
         QStringLiteral("WHERE dead > 0 AND change = 0 AND revision BETWEEN 1 AND ? ORDER BY revision"),
         {upTo});
-    if (!dead) return dead;
-    std::vector<QUuid> gone;
-    for (const auto& id : *dead) {
-        auto shown = isShown(id);
-        if (!shown) return std::unexpected(shown.error());
-        if (!*shown) gone.push_back(id);
-    }
-    return gone;
 }
 
 StoreResult<std::vector<QUuid>> SqliteMirrorStorage::parked() {

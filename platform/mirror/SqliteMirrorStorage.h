@@ -23,7 +23,6 @@ public:
     StoreResult<void> setProgress(const MirrorProgress& progress) override;
 
     StoreResult<std::optional<MirroredObject>> object(const QUuid& id) override;
-    // Constraint where it would change the object's entity.
     StoreResult<void> put(const QUuid& id, const MirroredObject& object) override;
     StoreResult<void> remove(const QUuid& id) override;
 
@@ -33,7 +32,6 @@ public:
     StoreResult<qint64> nextChange() override;
     StoreResult<std::vector<QUuid>> outbox(qsizetype limit) override;
     StoreResult<std::vector<QUuid>> notMetBy(qint64 reading) override;
-    // Those that their parts keep alive left out.
     StoreResult<std::vector<QUuid>> deadUpTo(qint64 upTo) override;
     StoreResult<std::vector<QUuid>> parked() override;
     StoreResult<std::vector<QUuid>> all() override;
