@@ -5,6 +5,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QUuid>
 
+#include <compare>
 #include <functional>
 #include <vector>
 
@@ -37,7 +38,13 @@ struct ZonePosition {
     qint64 revision = 0;
     QString name;
 
-    auto operator<=>(const ZonePosition&) const = default;
+    bool operator==(const ZonePosition&) const = default;
+
+    std::strong_ordering operator<=>(const ZonePosition& other) const {
+        if (revision != other.revision) return revision <=> other.revision;
+        if (name.isEmpty() || other.name.isEmpty()) return name.isEmpty() <=> other.name.isEmpty();
+        return name.compare(other.name) <=> 0;
+    }
 };
 
 struct ZoneHead {

@@ -1,5 +1,7 @@
 #include "platform/mirror/ObjectState.h"
 
+#include "platform/mirror/DeliberateFaults.h"
+
 #include <algorithm>
 
 namespace platform {
@@ -48,6 +50,7 @@ void joinUnknown(QCborMap& mine, const QCborMap& other) {
 } // namespace
 
 bool ObjectState::isAlive() const {
+    if (faults::deletionAlwaysWins) return deletionSeen.isEmpty();
     return deletionSeen.isEmpty() || !deletionSeen.covers(writes());
 }
 
@@ -107,6 +110,7 @@ void ObjectState::markDeleted(std::uint64_t time) {
 }
 
 void ObjectState::join(const ObjectState& other) {
+    entity = std::max(entity, other.entity);
     history.add(writes()); // what is about to be replaced included
     for (const auto& [property, entry] : other.registers) {
         const auto [mine, isNew] = registers.try_emplace(property, entry);
@@ -121,6 +125,21 @@ void ObjectState::join(const ObjectState& other) {
     deletionSeen.add(other.deletionSeen);
     deletionTime = std::max(deletionTime, other.deletionTime);
     joinUnknown(unknown, other.unknown);
+}
+
+void ObjectState::renameWrites(const QUuid& device, std::uint64_t time, const QUuid& newDevice) {
+    const auto rename = [&](Stamp& stamp) {
+        if (stamp.device == device && stamp.time > time) stamp.device = newDevice;
+    };
+    for (auto& [property, entry] : registers) {
+        rename(entry.stamp);
+        entry.seen.rename(device, time, newDevice);
+    }
+    for (auto& [relationship, elements] : sets)
+        for (auto& [target, element] : elements)
+            rename(element.stamp);
+    history.rename(device, time, newDevice);
+    deletionSeen.rename(device, time, newDevice);
 }
 
 } // namespace platform

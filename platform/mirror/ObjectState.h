@@ -73,6 +73,8 @@ struct ObjectState {
     void markDeleted(std::uint64_t time);
 
     void join(const ObjectState& other);
+    // Writes of `device` later than `time` become the writes of `newDevice` at the same times.
+    void renameWrites(const QUuid& device, std::uint64_t time, const QUuid& newDevice);
 
     bool operator==(const ObjectState&) const = default;
 };

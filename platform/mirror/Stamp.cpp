@@ -20,6 +20,14 @@ void VersionVector::add(const VersionVector& other) {
         add({time, device});
 }
 
+void VersionVector::rename(const QUuid& device, std::uint64_t time, const QUuid& newDevice) {
+    const auto found = m_times.find(device);
+    if (found == m_times.end() || found->second <= time) return;
+    add({found->second, newDevice});
+    found->second = time;
+    if (time == 0) m_times.erase(found);
+}
+
 bool VersionVector::covers(const Stamp& stamp) const {
     const auto found = m_times.find(stamp.device);
     return found != m_times.end() && found->second >= stamp.time;

@@ -24,6 +24,8 @@ class VersionVector {
 public:
     void add(const Stamp& stamp);
     void add(const VersionVector& other);
+    // Of the writes of `device`, those later than `time` were another's.
+    void rename(const QUuid& device, std::uint64_t time, const QUuid& newDevice);
     bool covers(const Stamp& stamp) const;
     bool covers(const VersionVector& other) const;
     std::uint64_t timeOf(const QUuid& device) const; // 0 where nothing of it was seen

@@ -15,14 +15,17 @@ ContextChanges RemoteMerge::apply(const RemoteChanges& remote) {
 }
 
 void RemoteMerge::applyObjects(const RemoteChanges& remote) {
-    QSet<QUuid> present;
+    QHash<QUuid, const EntityDescription*> present;
     for (const auto& row : remote.rows)
-        present.insert(row.objectID);
+        present.insert(row.objectID, row.entity);
     for (const auto& id : remote.deleted) {
-        if (present.contains(id))
-            m_renewed.insert(id);
-        else
+        auto* object = m_context->m_byID.value(id);
+        if (!present.contains(id))
             applyDeletion(id);
+        else if (object && &object->entity() != present.value(id))
+            discard(*object); // an identity is never given to two
+        else
+            m_renewed.insert(id);
     }
     for (const auto& row : remote.rows)
         takeIn(row);
@@ -66,15 +69,19 @@ void RemoteMerge::applyDeletion(const QUuid& id) {
         pending.noteMissing(*object);
         return;
     }
-    m_changes.deleted.push_back(object->shared_from_this());
-    for (std::size_t i = 0; i < object->m_related.size(); ++i) {
-        for (auto* other : object->m_related[i].toVector()) {
-            object->disconnect(static_cast<qsizetype>(i), *other);
+    discard(*object);
+}
+
+void RemoteMerge::discard(ManagedObject& object) {
+    m_changes.deleted.push_back(object.shared_from_this());
+    for (std::size_t i = 0; i < object.m_related.size(); ++i) {
+        for (auto* other : object.m_related[i].toVector()) {
+            object.disconnect(static_cast<qsizetype>(i), *other);
             noteUpdated(*other);
         }
     }
-    pending.forget(*object);
-    m_context->release(*object);
+    m_context->m_pending.forget(object);
+    m_context->release(object);
 }
 
 void RemoteMerge::takeIn(const StoreRow& row) {

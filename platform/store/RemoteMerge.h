@@ -20,6 +20,7 @@ private:
     void applyObjects(const RemoteChanges& remote);
     void applyMemberships(const RemoteChanges& remote);
     void applyDeletion(const QUuid& id);
+    void discard(ManagedObject& object);
     void takeIn(const StoreRow& row);
     void applyRow(const StoreRow& row);
     void applyValue(ManagedObject& object, qsizetype attribute, const QVariant& value);

@@ -1,0 +1,69 @@
+#include "platform/mirror/StateMerge.h"
+
+#include "platform/mirror/DeliberateFaults.h"
+#include "platform/foundation/TextMerge.h"
+#include "platform/mirror/TextValue.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace platform {
+
+namespace {
+
+bool areConcurrentTexts(const Register& mine, const Register& theirs) {
+    return !mine.seen.isEmpty() && !theirs.seen.isEmpty() && !mine.seen.covers(theirs.stamp) &&
+           !theirs.seen.covers(mine.stamp) && mine.value != theirs.value;
+}
+
+std::optional<QString> commonText(const std::map<QString, Register>& bases, const QString& property,
+                                  const Register& mine, const Register& theirs) {
+    const auto base = bases.find(property);
+    if (base == bases.end() || !mine.seen.covers(base->second.stamp) ||
+        !theirs.seen.covers(base->second.stamp))
+        return std::nullopt;
+    return textOf(base->second.value.value_or(QCborValue()));
+}
+
+struct TextJoin {
+    QCborValue value;
+    bool isConflict = false;
+};
+
+// The later text, where there is nothing to merge by.
+TextJoin joinTexts(const std::optional<QString>& base, const Register& earlier, const Register& later) {
+    const auto earlierText = textOf(*earlier.value);
+    const auto laterText = textOf(*later.value);
+    if (!base || !earlierText || !laterText) return {*later.value, !earlierText || !earlierText->isEmpty()};
+    const MergedText merged = mergeTexts(*base, *earlierText, *laterText);
+    return {merged.text == *laterText ? *later.value : textValue(merged.text), merged.isConflict};
+}
+
+// A write by nobody's hand: a deletion that saw everything saw this too.
+void writeMerged(ObjectState& state, const QString& property, QCborValue value, const StampSource& newStamp) {
+    const bool wasAlive = state.isAlive();
+    const Stamp stamp = newStamp(state.latest().time);
+    state.writeText(property, stamp, std::move(value));
+    if (!wasAlive) state.deletionSeen.add(stamp);
+}
+
+} // namespace
+
+StateMerge mergeStates(const ObjectState& mine, const std::map<QString, Register>& bases,
+                       const ObjectState& theirs, const StampSource& newStamp) {
+    StateMerge merge{mine, {}};
+    merge.state.join(theirs);
+    if (faults::laterTextWins) return merge;
+    for (const auto& [property, other] : theirs.registers) {
+        const auto found = mine.registers.find(property);
+        if (found == mine.registers.end() || !areConcurrentTexts(found->second, other)) continue;
+        const auto& [earlier, later] =
+            std::minmax(found->second, other, [](const auto& a, const auto& b) { return a.stamp < b.stamp; });
+        TextJoin join = joinTexts(commonText(bases, property, found->second, other), earlier, later);
+        if (join.isConflict) merge.lost.push_back({property, *earlier.value, earlier.stamp});
+        if (join.value != *later.value) writeMerged(merge.state, property, std::move(join.value), newStamp);
+    }
+    return merge;
+}
+
+} // namespace platform
