@@ -59,10 +59,12 @@ ServerParameters atAddress(ServerParameters parameters, const QString& address, 
     return parameters;
 }
 
+// libpq's connection inside of Qt's; null where there is none. The type goes by either of its names.
 PGconn* handleOf(const QSqlDatabase& database) {
     const QVariant handle = database.driver()->handle();
-    return qstrcmp(handle.typeName(), "PGconn*") == 0 ? *static_cast<PGconn* const*>(handle.constData())
-                                                      : nullptr;
+    const QByteArrayView type(handle.typeName());
+    return type == "PGconn*" || type == "pg_conn*" ? *static_cast<PGconn* const*>(handle.constData())
+                                                   : nullptr;
 }
 
 std::unexpected<CKError> error(CKError::Code code, const QString& message) {
@@ -141,8 +143,10 @@ CloudResult<void> PostgresDialect::open(SqlConnection& connection, const ServerP
     QSqlDatabase database = connection.database();
     database.setConnectOptions(optionsOf(parameters));
     const bool isOpen = database.open();
-    setSocket(isOpen ? Socket(PQsocket(handleOf(database))) : Socket(), std::nullopt);
-    if (isOpen) return {};
+    Socket socket(isOpen ? PQsocket(handleOf(database)) : -1);
+    const bool hasSocket = socket.descriptor() >= 0;
+    setSocket(std::move(socket), std::nullopt);
+    if (hasSocket) return {};
     return error(CKError::Code::NetworkFailure, QStringLiteral("the connection to the server broke"));
 }
 
