@@ -1,6 +1,7 @@
 #include "platform/cloud/PostgresDialect.h"
 
 #include "platform/cloud/CloudTry.h"
+#include "platform/cloud/ServerParameters.h"
 #include "platform/cloud/ServerProbe.h"
 #include "platform/cloud/ServerSchema.h"
 #include "platform/cloud/SqlConnection.h"
@@ -122,32 +123,39 @@ CKError PostgresDialect::errorOf(const QSqlError& error) const {
 
 CloudResult<std::unique_ptr<SqlConnection>> PostgresDialect::connect(CallLimit limit) {
     m_subscription.reset();
-    const auto parameters = serverParameters(m_account, m_deadline);
-    if (!parameters) return std::unexpected(parameters.error());
-    const auto address = probeServer(*parameters, limit);
-    if (!address) return std::unexpected(address.error());
+    auto opening = OpeningSocket::await(m_account.port, limit);
+    if (!opening)
+        return error(CKError::Code::NetworkFailure, QStringLiteral("other connections take too long"));
+    setSocket(Socket(), std::move(opening));
     auto connection = std::make_unique<SqlConnection>(*this, QStringLiteral("QPSQL"));
-    CLOUD_TRY(open(*connection, atAddress(*parameters, *address, limit), limit));
-    CLOUD_TRY(connection->runOnce(QStringLiteral("SET bytea_output TO hex"))); // Qt's is four times as long
+    auto socket = open(*connection, limit);
+    setSocket(socket ? std::move(*socket) : Socket(), std::nullopt);
+    if (!socket) return std::unexpected(socket.error());
+    CLOUD_TRY(setUp(*connection));
     CLOUD_TRY(checkSchema(*connection));
     CLOUD_TRY(probeNotifications(*connection));
     return connection;
 }
 
-CloudResult<void> PostgresDialect::open(SqlConnection& connection, const ServerParameters& parameters,
-                                        CallLimit limit) {
-    auto opening = OpeningSocket::await(m_account.port, limit);
-    if (!opening)
-        return error(CKError::Code::NetworkFailure, QStringLiteral("other connections take too long"));
-    setSocket(Socket(), std::move(opening));
+CloudResult<Socket> PostgresDialect::open(SqlConnection& connection, CallLimit limit) {
+    const auto parameters = serverParameters(m_account, m_deadline);
+    if (!parameters) return std::unexpected(parameters.error());
+    const auto address = probeServer(*parameters, limit);
+    if (!address) return std::unexpected(address.error());
     QSqlDatabase database = connection.database();
-    database.setConnectOptions(optionsOf(parameters));
-    const bool isOpen = database.open();
-    Socket socket(isOpen ? PQsocket(handleOf(database)) : -1);
-    const bool hasSocket = socket.descriptor() >= 0;
-    setSocket(std::move(socket), std::nullopt);
-    if (hasSocket) return {};
+    database.setConnectOptions(optionsOf(atAddress(*parameters, *address, limit)));
+    Socket socket(database.open() ? PQsocket(handleOf(database)) : -1);
+    if (socket.descriptor() >= 0) return socket;
     return error(CKError::Code::NetworkFailure, QStringLiteral("the connection to the server broke"));
+}
+
+// A device that goes away in the middle of a transaction must not hold up the user's others for the hours
+// that TCP would give it.
+CloudResult<void> PostgresDialect::setUp(SqlConnection& connection) {
+    const qint64 limit = m_deadline.count();
+    CLOUD_TRY(connection.runOnce(QStringLiteral("SET idle_in_transaction_session_timeout TO %1").arg(limit)));
+    CLOUD_TRY(connection.runOnce(QStringLiteral("SET statement_timeout TO %1").arg(limit)));
+    return connection.runOnce(QStringLiteral("SET bytea_output TO hex")); // Qt's is up to twice as long
 }
 
 CloudResult<void> PostgresDialect::checkSchema(SqlConnection& connection) {

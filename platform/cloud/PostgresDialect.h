@@ -3,7 +3,6 @@
 #include "platform/cloud/CloudAccount.h"
 #include "platform/cloud/OpenCloudStore.h"
 #include "platform/cloud/OpeningSocket.h"
-#include "platform/cloud/ServerParameters.h"
 #include "platform/cloud/Socket.h"
 #include "platform/cloud/SqlDialect.h"
 #include "platform/cloud/Watchdog.h"
@@ -31,7 +30,8 @@ public:
                                                      std::function<void()> observer) override;
 
 private:
-    CloudResult<void> open(SqlConnection& connection, const ServerParameters& parameters, CallLimit limit);
+    CloudResult<Socket> open(SqlConnection& connection, CallLimit limit);
+    CloudResult<void> setUp(SqlConnection& connection);
     CloudResult<void> checkSchema(SqlConnection& connection);
     CloudResult<void> probeNotifications(SqlConnection& connection);
     void setSocket(Socket socket, std::optional<OpeningSocket> opening);

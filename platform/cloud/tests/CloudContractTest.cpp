@@ -308,6 +308,4 @@ TEST_P(CloudContract, TellsSubscribersOfOthersWrites) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, CloudContract, ::testing::Values(Cloud::Kind::File, Cloud::Kind::Server),
-                         [](const auto& kind) {
-                             return kind.param == Cloud::Kind::File ? "File" : "Server";
-                         });
+                         ::testing::PrintToStringParamName());

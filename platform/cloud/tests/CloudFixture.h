@@ -7,6 +7,7 @@
 
 #include <map>
 #include <optional>
+#include <ostream>
 
 namespace platform::testing {
 
@@ -32,6 +33,11 @@ private:
     std::optional<PostgresServer> m_server;
     CloudAccount m_account;
 };
+
+// For the names of tests.
+inline std::ostream& operator<<(std::ostream& out, Cloud::Kind kind) {
+    return out << (kind == Cloud::Kind::File ? "File" : "Server");
+}
 
 ZoneRecord record(const QString& name, const QByteArray& payload = "payload");
 

@@ -122,6 +122,22 @@ TEST_F(FileFaults, AFileThatIsReplacedIsOpenedAnewAndOneThatGoesIsNotMadeAgain) 
     EXPECT_FALSE(device.isKnownHistory);
 }
 
+TEST_F(FileFaults, AFileThatAnotherProgramLocksIsBusyUntilItLetsGo) {
+    fill();
+    const auto store = openStore(account(), std::chrono::milliseconds(50));
+    {
+        auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), path);
+        database.setDatabaseName(path);
+        ASSERT_TRUE(database.open());
+        ASSERT_TRUE(QSqlQuery(database).exec(QStringLiteral("BEGIN EXCLUSIVE")));
+        EXPECT_EQ(store->revision().error().code, Code::RequestRateLimited);
+        EXPECT_EQ(store->saveZone(zone).error().code, Code::RequestRateLimited);
+    }
+    QSqlDatabase::removeDatabase(path);
+    EXPECT_TRUE(store->saveZone(zone));
+    EXPECT_EQ(store->revision(), 21);
+}
+
 TEST_F(FileFaults, ATruncatedOrDamagedFileCrashesNothing) {
     fill();
     const QByteArray whole = bytes();
