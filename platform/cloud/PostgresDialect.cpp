@@ -1,7 +1,6 @@
 #include "platform/cloud/PostgresDialect.h"
 
 #include "platform/cloud/CloudTry.h"
-#include "platform/cloud/ServerParameters.h"
 #include "platform/cloud/ServerProbe.h"
 #include "platform/cloud/ServerSchema.h"
 #include "platform/cloud/SqlConnection.h"
@@ -126,26 +125,26 @@ CloudResult<std::unique_ptr<SqlConnection>> PostgresDialect::connect(CallLimit l
     auto opening = OpeningSocket::await(m_account.port, limit);
     if (!opening)
         return error(CKError::Code::NetworkFailure, QStringLiteral("other connections take too long"));
-    setSocket(Socket(), std::move(opening));
+    const auto parameters = serverParameters(m_account, m_deadline);
+    if (!parameters) return std::unexpected(parameters.error());
+    const auto address = probeServer(*parameters, limit);
+    if (!address) return std::unexpected(address.error());
+    setSocket(Socket(), std::move(opening)); // the probe keeps to the limit by itself
     auto connection = std::make_unique<SqlConnection>(*this, QStringLiteral("QPSQL"));
-    auto socket = open(*connection, limit);
-    setSocket(socket ? std::move(*socket) : Socket(), std::nullopt);
-    if (!socket) return std::unexpected(socket.error());
+    CLOUD_TRY(open(*connection, atAddress(*parameters, *address, limit)));
     CLOUD_TRY(setUp(*connection));
     CLOUD_TRY(checkSchema(*connection));
     CLOUD_TRY(probeNotifications(*connection));
     return connection;
 }
 
-CloudResult<Socket> PostgresDialect::open(SqlConnection& connection, CallLimit limit) {
-    const auto parameters = serverParameters(m_account, m_deadline);
-    if (!parameters) return std::unexpected(parameters.error());
-    const auto address = probeServer(*parameters, limit);
-    if (!address) return std::unexpected(address.error());
+CloudResult<void> PostgresDialect::open(SqlConnection& connection, const ServerParameters& parameters) {
     QSqlDatabase database = connection.database();
-    database.setConnectOptions(optionsOf(atAddress(*parameters, *address, limit)));
+    database.setConnectOptions(optionsOf(parameters));
     Socket socket(database.open() ? PQsocket(handleOf(database)) : -1);
-    if (socket.descriptor() >= 0) return socket;
+    const bool isOpen = socket.descriptor() >= 0;
+    setSocket(std::move(socket), std::nullopt);
+    if (isOpen) return {};
     return error(CKError::Code::NetworkFailure, QStringLiteral("the connection to the server broke"));
 }
 

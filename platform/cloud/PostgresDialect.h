@@ -3,6 +3,7 @@
 #include "platform/cloud/CloudAccount.h"
 #include "platform/cloud/OpenCloudStore.h"
 #include "platform/cloud/OpeningSocket.h"
+#include "platform/cloud/ServerParameters.h"
 #include "platform/cloud/Socket.h"
 #include "platform/cloud/SqlDialect.h"
 #include "platform/cloud/Watchdog.h"
@@ -30,7 +31,7 @@ public:
                                                      std::function<void()> observer) override;
 
 private:
-    CloudResult<Socket> open(SqlConnection& connection, CallLimit limit);
+    CloudResult<void> open(SqlConnection& connection, const ServerParameters& parameters);
     CloudResult<void> setUp(SqlConnection& connection);
     CloudResult<void> checkSchema(SqlConnection& connection);
     CloudResult<void> probeNotifications(SqlConnection& connection);

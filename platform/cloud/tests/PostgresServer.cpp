@@ -14,11 +14,10 @@
 #include <csignal>
 #include <grp.h>
 #include <libpq-fe.h>
-#include <poll.h>
 #include <pwd.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
-#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace platform::testing {
@@ -82,6 +81,7 @@ PostgresServer::PostgresServer(Schema schema, const QStringList& settings) {
          QStringLiteral("cleaner"), m_directory});
     require(m_cleaner.waitForStarted(), QStringLiteral("no shell"));
     handOver(m_directory);
+    ::prctl(PR_SET_CHILD_SUBREAPER, 1);
     initialise(settings);
     qputenv("PGPASSFILE", QFile::encodeName(passwordFile(m_directory)));
     start();
@@ -211,15 +211,11 @@ void PostgresServer::kill() {
     QSqlDatabase::database(m_directory, false).close();
     // Stopped first: the postmaster must not see a child die and begin to tidy up.
     signalAll(SIGSTOP);
-    std::vector<pollfd> ends;
-    for (const pid_t process : processes())
-        ends.push_back({static_cast<int>(::syscall(SYS_pidfd_open, process, 0)), POLLIN, 0});
+    const auto all = processes();
     signalAll(SIGKILL);
-    for (pollfd& end : ends) {
-        ::poll(&end, 1, -1);
-        ::close(end.fd);
-    }
     m_server.waitForFinished();
+    for (const pid_t orphan : all) // they have come to this process; Qt has waited for their parent
+        ::waitpid(orphan, nullptr, 0);
 }
 
 void PostgresServer::freeze() {
