@@ -5,6 +5,9 @@
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // No test may reach the account of whoever runs it.
+    qputenv("PGSERVICEFILE", "/nonexistent/service");
+    qputenv("PGPASSFILE", "/nonexistent/passwords");
     QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
