@@ -84,7 +84,6 @@ TEST_F(CoreDataMigratorTest, ABadRecordMigratesAgainAndCounts) {
     UserSettings::shared().snippetsMigrated.set(true); // makes no difference
     run();
     EXPECT_EQ(migrator().legacyCloudKitRecordCount().value(), 1);
-    EXPECT_EQ(storedSnippets(), 1U);
     EXPECT_EQ(markers().size(), 2U) << "the new marker stands beside the old one";
     EXPECT_EQ(lines(), (QStringList{noEmpty, q("☁️ There is a Record - can i get data from it?"),
                                     q("☁️ There is a CK record. Nice"),
@@ -92,6 +91,7 @@ TEST_F(CoreDataMigratorTest, ABadRecordMigratesAgainAndCounts) {
                                       "revised false"),
                                     q("☁️ User migration was the bad one."), badOrNone} +
                         importLines(1, 1) + savedLines()));
+    EXPECT_EQ(storedSnippets(), 1U);
 }
 
 TEST_F(CoreDataMigratorTest, ABadRecordThatStaysTheFirstMigratesTwice) {
@@ -124,9 +124,9 @@ TEST_F(CoreDataMigratorTest, NoRecordMigratesAndTheCountIsOfTheWholeStore) {
     addLegacySnippet(q("one"));
     addLegacySnippet(q("two"));
     run();
-    EXPECT_EQ(storedSnippets(), 3U);
     EXPECT_TRUE(isMigrated());
     EXPECT_EQ(lines(), (QStringList{noEmpty, noRecord, badOrNone} + importLines(2, 3) + savedLines()));
+    EXPECT_EQ(storedSnippets(), 3U);
 
     const auto marker = markers().at(0);
     EXPECT_EQ(platform::as<bool>(field(marker, SnippetKeys::isRevision)), true);
@@ -159,9 +159,9 @@ TEST_F(CoreDataMigratorTest, AMarkerThatCannotBeSavedMigratesAgainAtTheNextStart
     run();
     EXPECT_FALSE(isMigrated());
     run();
-    EXPECT_EQ(storedSnippets(), 2U);
     EXPECT_EQ(lines().last(2), (QStringList{q("☁️ Error: generic: 25 (quotaExceeded) as the test wants it"),
                                             q("☁️ Record: nil")}));
+    EXPECT_EQ(storedSnippets(), 2U);
 }
 
 TEST_F(CoreDataMigratorTest, AMarkerThatIsLostTakesTheFlagBack) {
@@ -182,12 +182,12 @@ TEST_F(CoreDataMigratorTest, WithoutAZoneNothingBeginsButEmptySnippetsGo) {
     CoreDataStack::shared().saveContext();
     migrator().start();
     EXPECT_EQ(count<Snippet>(), 1U) << "at once";
-    EXPECT_EQ(storedSnippets(), 2U) << "nothing is saved here";
     settle();
-    CoreDataStack::shared().saveContext();
-    EXPECT_EQ(storedSnippets(), 1U);
     EXPECT_EQ(log(), (QStringList{q("☁️ I found a empty snippet!"), q("☁️ The empty count was: 1"),
                                   q("☁️ need to create the zone!"), q("☁️ Zone created")}));
+    EXPECT_EQ(storedSnippets(), 2U) << "nothing is saved here";
+    CoreDataStack::shared().saveContext();
+    EXPECT_EQ(storedSnippets(), 1U);
     EXPECT_FALSE(isMigrated());
 }
 
