@@ -24,7 +24,8 @@ std::optional<QString> complaintOfServer(const AccountDraft& draft) {
     if (draft.database.isEmpty()) return QStringLiteral("Enter the name of the database.");
     if (draft.user.isEmpty()) return QStringLiteral("Enter the user's name.");
     if (draft.needsAuthority() && draft.rootCertificate.isEmpty())
-        return QStringLiteral("%1 is another machine. Choose the CA file that its certificate is checked with.")
+        return QStringLiteral(
+                   "%1 is another machine. Choose the CA file that its certificate is checked with.")
             .arg(draft.host);
     if (!draft.rootCertificate.isEmpty() && !QFileInfo(draft.rootCertificate).isFile())
         return QStringLiteral("The CA file is not there.");
@@ -33,9 +34,11 @@ std::optional<QString> complaintOfServer(const AccountDraft& draft) {
 
 std::optional<QString> complaintOfFile(const AccountDraft& draft) {
     if (draft.path.isEmpty()) return QStringLiteral("Choose a file that all your machines can reach.");
-    if (!draft.path.startsWith(QLatin1Char('/'))) return QStringLiteral("Give the whole path of the file, from / on.");
+    if (!draft.path.startsWith(QLatin1Char('/')))
+        return QStringLiteral("Give the whole path of the file, from / on.");
     if (QFileInfo(draft.path).isDir()) return QStringLiteral("That is a folder. Name a file in it.");
-    if (!QFileInfo(QFileInfo(draft.path).path()).isDir()) return QStringLiteral("The folder of the file is not there.");
+    if (!QFileInfo(QFileInfo(draft.path).path()).isDir())
+        return QStringLiteral("The folder of the file is not there.");
     return std::nullopt;
 }
 

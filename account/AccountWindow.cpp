@@ -39,12 +39,15 @@ QPushButton* makeButton(const QString& name, const QString& text, QWidget* paren
 
 QString styleOfButtons() {
     return QStringLiteral(
-               "QPushButton { border: 1px solid %1; border-radius: 10px; padding: 0 16px; background: %2; color: %3; }"
+               "QPushButton { border: 1px solid %1; border-radius: 10px; padding: 0 16px; background: %2; "
+               "color: %3; }"
                "QPushButton:hover { background: %4; }"
                "QPushButton#signIn { background: %5; color: white; border-color: %5; font-weight: bold; }"
-               "QPushButton#signOut { background: transparent; color: %6; border-color: transparent; padding: 0 8px; }"
+               "QPushButton#signOut { background: transparent; color: %6; border-color: transparent; "
+               "padding: 0 8px; }"
                "QPushButton:focus { border: 2px solid %7; }"
-               "QPushButton:disabled, QPushButton#signIn:disabled { background: %1; color: %7; border-color: %1; }")
+               "QPushButton:disabled, QPushButton#signIn:disabled { background: %1; color: %7; border-color: "
+               "%1; }")
         .arg(color(Asset::Separator).name(), color(Asset::Card).name(), color(Asset::Text).name(),
              color(Asset::Selection).name(), color(Asset::Accent).name(), color(Asset::SystemRed).name(),
              color(Asset::TextSecondary).name());
@@ -76,7 +79,8 @@ AccountWindow::AccountWindow(SignIn signIn, ConnectionTester tester)
     connect(m_form, &Form::edited, this, &AccountWindow::edited);
     connect(m_signInButton, &QPushButton::clicked, this, &AccountWindow::signIn);
     connect(m_signOutButton, &QPushButton::clicked, this, &AccountWindow::signOut);
-    connect(m_testButton, &QPushButton::clicked, this, [this] { test(QStringLiteral("The connection works.")); });
+    connect(m_testButton, &QPushButton::clicked, this,
+            [this] { test(QStringLiteral("The connection works.")); });
     m_accountChanges = m_watcher.account().observeChanges([this](const auto&) { showStatus(); });
     showForm();
     showStatus();
@@ -106,14 +110,16 @@ void AccountWindow::showStatus() {
     else if (isSignedIn)
         m_status->show(Asset::KindaGreen, QStringLiteral("Signed in: %1").arg(nameOf(**account)));
     else
-        m_status->show(Asset::SystemGray, QStringLiteral("Not signed in. Your snippets stay on this machine."));
+        m_status->show(Asset::SystemGray,
+                       QStringLiteral("Not signed in. Your snippets stay on this machine."));
     // An account that cannot be read can be thrown away as well.
     m_signOutButton->setVisible(isSignedIn || !account);
     m_form->setPasswordHint(isSignedIn ? QStringLiteral("Leave empty to keep the stored one") : QString());
 }
 
 void AccountWindow::showForm() {
-    if (const auto account = m_signIn.account(); account && *account) m_form->setDraft(AccountDraft::from(**account));
+    if (const auto account = m_signIn.account(); account && *account)
+        m_form->setDraft(AccountDraft::from(**account));
 }
 
 // What was found out is no longer about what stands in the form.
@@ -129,8 +135,7 @@ void AccountWindow::showReadiness() {
     m_testButton->setText(isTesting ? QStringLiteral("Testing…") : QStringLiteral("T&est Connection"));
     m_testButton->setEnabled(!complaint && !isTesting);
     m_signInButton->setEnabled(!complaint && !isTesting);
-    if (complaint)
-        m_result->show(Asset::SystemOrange, *complaint);
+    if (complaint) m_result->show(Asset::SystemOrange, *complaint);
 }
 
 void AccountWindow::signIn() {

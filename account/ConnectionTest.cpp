@@ -22,7 +22,7 @@ void ConnectionTest::start(const CloudAccount& account, const QString& password,
             auto result = tester(account, password);
             platform::dispatchToMain([running, result = std::move(result)] {
                 // Its owner may let go of the completion while that runs.
-                if (const auto completion = running.lock()) (*completion)(result);
+                if (const auto finish = running.lock()) (*finish)(result);
             });
         });
 }

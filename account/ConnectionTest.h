@@ -9,8 +9,8 @@ namespace account {
 
 // Connects to the account with the password, or with the stored one where that is empty, and says how that
 // went. Blocks up to a deadline of its own; called on a pool thread.
-using ConnectionTester =
-    std::function<platform::CloudResult<void>(const platform::CloudAccount& account, const QString& password)>;
+using ConnectionTester = std::function<platform::CloudResult<void>(const platform::CloudAccount& account,
+                                                                   const QString& password)>;
 
 // Runs one test at a time beside the main thread. Main thread; the result of a test that was given up, or
 // whose owner is gone, is dropped.

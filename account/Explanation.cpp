@@ -17,7 +17,8 @@ QString summaryOf(Code code) {
     case Code::PermissionFailure:
         return QStringLiteral("You were let in, but may not use this database.");
     case Code::ServiceUnavailable:
-        return QStringLiteral("It was reached, but cannot serve. Its database may not be set up for Quillet yet.");
+        return QStringLiteral(
+            "It was reached, but cannot serve. Its database may not be set up for Quillet yet.");
     case Code::RequestRateLimited:
         return QStringLiteral("It has too much to do right now. Try again later.");
     case Code::IncompatibleVersion:

@@ -47,16 +47,17 @@ QVBoxLayout* makePage(QWidget* page) {
 }
 
 QString styleOfFields() {
-    return QStringLiteral("QLineEdit { background: %1; color: %2; border: 1px solid %3; border-radius: 10px; "
-                          "padding: 0 10px; }"
-                          "QLineEdit:focus { border: 2px solid %4; padding: 0 9px; }"
-                          "QPushButton#kind { background: %1; color: %2; border: 1px solid %3; padding: 8px; }"
-                          "QPushButton#kind:checked { background: %4; color: white; border-color: %4; }"
-                          "QPushButton#kind:focus { border: 2px solid %5; padding: 7px; }"
-                          "QPushButton#kind[side=left] { border-top-left-radius: 10px; "
-                          "border-bottom-left-radius: 10px; border-right: none; }"
-                          "QPushButton#kind[side=right] { border-top-right-radius: 10px; "
-                          "border-bottom-right-radius: 10px; }")
+    return QStringLiteral(
+               "QLineEdit { background: %1; color: %2; border: 1px solid %3; border-radius: 10px; "
+               "padding: 0 10px; }"
+               "QLineEdit:focus { border: 2px solid %4; padding: 0 9px; }"
+               "QPushButton#kind { background: %1; color: %2; border: 1px solid %3; padding: 8px; }"
+               "QPushButton#kind:checked { background: %4; color: white; border-color: %4; }"
+               "QPushButton#kind:focus { border: 2px solid %5; padding: 7px; }"
+               "QPushButton#kind[side=left] { border-top-left-radius: 10px; "
+               "border-bottom-left-radius: 10px; border-right: none; }"
+               "QPushButton#kind[side=right] { border-top-right-radius: 10px; "
+               "border-bottom-right-radius: 10px; }")
         .arg(color(Asset::Card).name(), color(Asset::Text).name(), color(Asset::Separator).name(),
              color(Asset::Accent).name(), color(Asset::TextSecondary).name());
 }
@@ -122,8 +123,9 @@ QWidget* Form::makeServerPage() {
     m_rootCertificate = addField(addColumn(addRow(rows), 1), QStringLiteral("&CA File"),
                                  QStringLiteral("Needed for a server on another machine"));
     addChooser(m_rootCertificate, QStringLiteral("Choose CA File"), [this] {
-        return QFileDialog::getOpenFileName(this, QStringLiteral("CA File"), QDir::homePath(),
-                                            QStringLiteral("Certificates (*.pem *.crt *.cer);;All Files (*)"));
+        return QFileDialog::getOpenFileName(
+            this, QStringLiteral("CA File"), QDir::homePath(),
+            QStringLiteral("Certificates (*.pem *.crt *.cer);;All Files (*)"));
     });
     rows->addStretch();
     return page;
@@ -138,9 +140,10 @@ QWidget* Form::makeFilePage() {
         return QFileDialog::getSaveFileName(this, QStringLiteral("Shared File"), QDir::homePath(), QString(),
                                             nullptr, QFileDialog::DontConfirmOverwrite);
     });
-    auto* about = new QLabel(QStringLiteral("A file on a disk that your machines share. It is made if it is not "
-                                            "there, and an existing library in it is joined."),
-                             page);
+    auto* about =
+        new QLabel(QStringLiteral("A file on a disk that your machines share. It is made if it is not "
+                                  "there, and an existing library in it is joined."),
+                   page);
     about->setWordWrap(true);
     about->setForegroundRole(QPalette::PlaceholderText);
     rows->addWidget(about);
@@ -163,8 +166,8 @@ QLineEdit* Form::addField(QVBoxLayout* column, const QString& label, const QStri
 }
 
 void Form::addChooser(QLineEdit* field, const QString& name, const std::function<QString()>& choose) {
-    auto* action =
-        field->addAction(platform::symbolIcon(QStringLiteral("folder.fill"), Asset::Accent), QLineEdit::TrailingPosition);
+    auto* action = field->addAction(platform::symbolIcon(QStringLiteral("folder.fill"), Asset::Accent),
+                                    QLineEdit::TrailingPosition);
     action->setText(name);
     action->setToolTip(name);
     connect(action, &QAction::triggered, this, [this, field, choose] {

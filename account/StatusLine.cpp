@@ -35,8 +35,9 @@ StatusLine::StatusLine(const QString& accessibleName, QWidget* parent)
 }
 
 void StatusLine::show(platform::Asset dot, const QString& text) {
-    m_dot->setStyleSheet(
-        QStringLiteral("background: %1; border-radius: %2px;").arg(platform::color(dot).name()).arg(dotSize / 2));
+    m_dot->setStyleSheet(QStringLiteral("background: %1; border-radius: %2px;")
+                             .arg(platform::color(dot).name())
+                             .arg(dotSize / 2));
     m_text->setText(text);
     m_text->setAccessibleDescription(text);
     setVisible(true);

@@ -1,13 +1,24 @@
 #include "platform/cloud/AccountRules.h"
 
-#include <QtCore/QRegularExpression>
+#include <arpa/inet.h>
 
 namespace platform {
 
+namespace {
+
+bool isLoopbackAddress(const QByteArray& host) {
+    in_addr four{};
+    if (inet_pton(AF_INET, host.constData(), &four) == 1) return ntohl(four.s_addr) >> 24 == 127;
+    in6_addr six{};
+    return inet_pton(AF_INET6, host.constData(), &six) == 1 && IN6_IS_ADDR_LOOPBACK(&six);
+}
+
+} // namespace
+
 bool isLocalHost(const QString& host) {
-    static const QRegularExpression loopback(QStringLiteral(R"(\A127(\.\d{1,3}){3}\z)"));
-    return host.startsWith(QLatin1Char('/')) || host.toLower() == QStringLiteral("localhost") ||
-           host == QStringLiteral("::1") || loopback.match(host).hasMatch();
+    const bool isSocket = host.startsWith(QLatin1Char('/')) || host.startsWith(QLatin1Char('@'));
+    return isSocket || host.compare(QStringLiteral("localhost"), Qt::CaseInsensitive) == 0 ||
+           isLoopbackAddress(host.toUtf8());
 }
 
 std::optional<QString> objectionTo(const CloudAccount& account) {

@@ -1,6 +1,7 @@
 #include "platform/cloud/CKContainer.h"
 
 #include "platform/cloud/AccountRules.h"
+#include "platform/cloud/OpenCloudStore.h"
 #include "platform/cloud/ServiceFile.h"
 #include "platform/foundation/NeverDestroyed.h"
 
@@ -10,10 +11,11 @@ namespace platform {
 
 namespace {
 
+// Of one request; whoever quits the program may have to wait for so long.
+constexpr Deadline deadline = std::chrono::seconds(10);
+
 CloudResult<std::unique_ptr<CloudStore>> openStore(const CloudAccount& account) {
-    if (const auto objection = objectionTo(account))
-        return std::unexpected(CKError{CKError::Code::NotAuthenticated, *objection});
-    return std::unexpected(CKError{CKError::Code::ServiceUnavailable, QStringLiteral("no driver")});
+    return openCloudStore(account, deadline);
 }
 
 CKAccountStatus statusOf(const AccountResult& account) {

@@ -9,7 +9,7 @@ namespace {
 TEST(AccountRulesTest, OnlyThisMachineIsLocal) {
     for (const char* host : {"/run/postgresql", "localhost", "LocalHost", "127.0.0.1", "127.1.2.3", "::1"})
         EXPECT_TRUE(isLocalHost(QString::fromLatin1(host))) << host;
-    for (const char* host : {"", "127.example.org", "127.0.0.1.example.org", "127.0.0.1\n",
+    for (const char* host : {"", "127.example.org", "127.0.0.1.example.org", "127.0.0.1\n", "127.1",
                              "localhost.example.org", "10.0.0.1", "::2"})
         EXPECT_FALSE(isLocalHost(QString::fromLatin1(host))) << host;
 }
