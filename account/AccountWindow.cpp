@@ -1,6 +1,7 @@
 #include "account/AccountWindow.h"
 
 #include "account/Explanation.h"
+#include "account/Style.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
@@ -13,12 +14,11 @@ namespace account {
 using platform::Asset;
 using platform::CKError;
 using platform::CloudResult;
-using platform::color;
 
 namespace {
 
 constexpr int windowWidth = 460;
-constexpr int buttonHeight = 40;
+constexpr int roomForResult = 40; // so that an answer of two more lines moves nothing
 
 QLabel* makeTitle(QWidget* parent) {
     auto* title = new QLabel(QStringLiteral("Quillet Account"), parent);
@@ -29,28 +29,12 @@ QLabel* makeTitle(QWidget* parent) {
     return title;
 }
 
-QPushButton* makeButton(const QString& name, const QString& text, QWidget* parent) {
+QPushButton* makeButton(const QString& role, const QString& text, QWidget* parent) {
     auto* button = new QPushButton(text, parent);
-    button->setObjectName(name);
-    button->setMinimumHeight(buttonHeight);
-    button->setAutoDefault(false);
+    button->setProperty("role", role);
+    button->setMinimumHeight(controlHeight);
+    button->setAutoDefault(true); // Return presses the one with the focus
     return button;
-}
-
-QString styleOfButtons() {
-    return QStringLiteral(
-               "QPushButton { border: 1px solid %1; border-radius: 10px; padding: 0 16px; background: %2; "
-               "color: %3; }"
-               "QPushButton:hover { background: %4; }"
-               "QPushButton#signIn { background: %5; color: white; border-color: %5; font-weight: bold; }"
-               "QPushButton#signOut { background: transparent; color: %6; border-color: transparent; "
-               "padding: 0 8px; }"
-               "QPushButton:focus { border: 2px solid %7; }"
-               "QPushButton:disabled, QPushButton#signIn:disabled { background: %1; color: %7; border-color: "
-               "%1; }")
-        .arg(color(Asset::Separator).name(), color(Asset::Card).name(), color(Asset::Text).name(),
-             color(Asset::Selection).name(), color(Asset::Accent).name(), color(Asset::SystemRed).name(),
-             color(Asset::TextSecondary).name());
 }
 
 } // namespace
@@ -61,10 +45,11 @@ AccountWindow::AccountWindow(SignIn signIn, ConnectionTester tester)
     , m_form(new Form(this))
     , m_status(new StatusLine(QStringLiteral("Account"), this))
     , m_result(new StatusLine(QStringLiteral("Result"), this))
-    , m_signOutButton(makeButton(QStringLiteral("signOut"), QStringLiteral("Sign &Out"), this))
-    , m_testButton(makeButton(QStringLiteral("test"), QStringLiteral("T&est Connection"), this))
-    , m_signInButton(makeButton(QStringLiteral("signIn"), QStringLiteral("&Sign In"), this))
+    , m_signOutButton(makeButton(QStringLiteral("destructive"), QStringLiteral("Sign &Out"), this))
+    , m_testButton(makeButton(QStringLiteral("plain"), QStringLiteral("T&est Connection"), this))
+    , m_signInButton(makeButton(QStringLiteral("primary"), QStringLiteral("&Sign In"), this))
     , m_watcher(m_signIn.service()) {
+    setStyleSheet(windowStyle());
     setWindowTitle(QStringLiteral("Quillet Account"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);
@@ -85,12 +70,11 @@ AccountWindow::AccountWindow(SignIn signIn, ConnectionTester tester)
     showForm();
     showStatus();
     showReadiness();
-    resize(windowWidth, sizeHint().height());
+    resize(windowWidth, layout()->heightForWidth(windowWidth) + roomForResult);
 }
 
 QWidget* AccountWindow::makeButtons() {
     auto* box = new QWidget(this);
-    box->setStyleSheet(styleOfButtons());
     auto* row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(12);
@@ -114,6 +98,7 @@ void AccountWindow::showStatus() {
                        QStringLiteral("Not signed in. Your snippets stay on this machine."));
     // An account that cannot be read can be thrown away as well.
     m_signOutButton->setVisible(isSignedIn || !account);
+    m_signInButton->setText(isSignedIn ? QStringLiteral("&Save") : QStringLiteral("&Sign In"));
     m_form->setPasswordHint(isSignedIn ? QStringLiteral("Leave empty to keep the stored one") : QString());
 }
 
@@ -135,7 +120,7 @@ void AccountWindow::showReadiness() {
     m_testButton->setText(isTesting ? QStringLiteral("Testing…") : QStringLiteral("T&est Connection"));
     m_testButton->setEnabled(!complaint && !isTesting);
     m_signInButton->setEnabled(!complaint && !isTesting);
-    if (complaint) m_result->show(Asset::SystemOrange, *complaint);
+    if (complaint) showResult(Asset::Accent, *complaint);
 }
 
 void AccountWindow::signIn() {
@@ -157,22 +142,28 @@ void AccountWindow::signOut() {
 
 void AccountWindow::test(const QString& success) {
     const auto draft = m_form->draft();
-    m_result->show(Asset::SystemGray, QStringLiteral("Connecting…"));
+    showResult(Asset::SystemGray, QStringLiteral("Connecting…"));
     m_test.start(draft.account(), m_form->password(),
-                 [this, success](const auto& result) { showResult(result, success); });
+                 [this, success](const auto& result) { finishTest(result, success); });
     showReadiness();
 }
 
-void AccountWindow::showResult(const CloudResult<void>& result, const QString& success) {
+void AccountWindow::finishTest(const CloudResult<void>& result, const QString& success) {
     if (result)
-        m_result->show(Asset::KindaGreen, success);
+        showResult(Asset::KindaGreen, success);
     else
         showFailure(QStringLiteral("The connection does not work."), result.error());
     showReadiness();
 }
 
+// A long answer makes the window taller, and not the form smaller.
+void AccountWindow::showResult(Asset dot, const QString& text) {
+    m_result->show(dot, text);
+    resize(width(), std::max(height(), layout()->heightForWidth(width())));
+}
+
 void AccountWindow::showFailure(const QString& what, const CKError& error) {
-    m_result->show(Asset::SystemRed, QStringLiteral("%1 %2").arg(what, explanationOf(error)));
+    showResult(Asset::SystemRed, QStringLiteral("%1 %2").arg(what, explanationOf(error)));
 }
 
 void AccountWindow::keyPressEvent(QKeyEvent* event) {

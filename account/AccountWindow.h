@@ -36,7 +36,8 @@ private:
     void signIn();
     void signOut();
     void test(const QString& success);
-    void showResult(const platform::CloudResult<void>& result, const QString& success);
+    void finishTest(const platform::CloudResult<void>& result, const QString& success);
+    void showResult(platform::Asset dot, const QString& text);
     void showFailure(const QString& what, const platform::CKError& error);
 
     SignIn m_signIn;

@@ -1,5 +1,6 @@
 #include "account/Form.h"
 
+#include "account/Style.h"
 #include "platform/screens/Palette.h"
 #include "platform/screens/Symbol.h"
 
@@ -18,11 +19,9 @@
 namespace account {
 
 using platform::Asset;
-using platform::color;
 
 namespace {
 
-constexpr int fieldHeight = 40;
 constexpr int portWidth = 96;
 
 QVBoxLayout* addColumn(QHBoxLayout* row, int stretch) {
@@ -46,28 +45,11 @@ QVBoxLayout* makePage(QWidget* page) {
     return rows;
 }
 
-QString styleOfFields() {
-    return QStringLiteral(
-               "QLineEdit { background: %1; color: %2; border: 1px solid %3; border-radius: 10px; "
-               "padding: 0 10px; }"
-               "QLineEdit:focus { border: 2px solid %4; padding: 0 9px; }"
-               "QPushButton#kind { background: %1; color: %2; border: 1px solid %3; padding: 8px; }"
-               "QPushButton#kind:checked { background: %4; color: white; border-color: %4; }"
-               "QPushButton#kind:focus { border: 2px solid %5; padding: 7px; }"
-               "QPushButton#kind[side=left] { border-top-left-radius: 10px; "
-               "border-bottom-left-radius: 10px; border-right: none; }"
-               "QPushButton#kind[side=right] { border-top-right-radius: 10px; "
-               "border-bottom-right-radius: 10px; }")
-        .arg(color(Asset::Card).name(), color(Asset::Text).name(), color(Asset::Separator).name(),
-             color(Asset::Accent).name(), color(Asset::TextSecondary).name());
-}
-
 } // namespace
 
 Form::Form(QWidget* parent)
     : QWidget(parent)
     , m_pages(new QStackedWidget(this)) {
-    setStyleSheet(styleOfFields());
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(16);
@@ -77,6 +59,7 @@ Form::Form(QWidget* parent)
     m_pages->addWidget(makeFilePage());
     m_serverButton->setChecked(true);
     showPage();
+    m_host->setFocus();
 }
 
 QWidget* Form::makeKindSwitch() {
@@ -87,11 +70,11 @@ QWidget* Form::makeKindSwitch() {
     auto* group = new QButtonGroup(box);
     const auto add = [&](const QString& text, const QString& side) {
         auto* button = new QPushButton(text, box);
-        button->setObjectName(QStringLiteral("kind"));
+        button->setProperty("role", QStringLiteral("kind"));
         button->setProperty("side", side);
         button->setCheckable(true);
-        button->setAutoDefault(false);
-        button->setMinimumHeight(fieldHeight);
+        button->setAutoDefault(true); // Return presses the one with the focus
+        button->setMinimumHeight(controlHeight);
         group->addButton(button);
         row->addWidget(button, 1);
         return button;
@@ -127,7 +110,6 @@ QWidget* Form::makeServerPage() {
             this, QStringLiteral("CA File"), QDir::homePath(),
             QStringLiteral("Certificates (*.pem *.crt *.cer);;All Files (*)"));
     });
-    rows->addStretch();
     return page;
 }
 
@@ -147,14 +129,13 @@ QWidget* Form::makeFilePage() {
     about->setWordWrap(true);
     about->setForegroundRole(QPalette::PlaceholderText);
     rows->addWidget(about);
-    rows->addStretch();
     return page;
 }
 
 QLineEdit* Form::addField(QVBoxLayout* column, const QString& label, const QString& hint) {
     auto* field = new QLineEdit(this);
     field->setPlaceholderText(hint);
-    field->setMinimumHeight(fieldHeight);
+    field->setMinimumHeight(controlHeight);
     field->setAccessibleName(QString(label).remove(QLatin1Char('&')));
     auto* caption = new QLabel(label, this);
     caption->setBuddy(field);
@@ -178,8 +159,14 @@ void Form::addChooser(QLineEdit* field, const QString& name, const std::function
     });
 }
 
+// The page that is hidden takes no room.
 void Form::showPage() {
     m_pages->setCurrentIndex(m_serverButton->isChecked() ? 0 : 1);
+    for (int i = 0; i < m_pages->count(); ++i)
+        m_pages->widget(i)->setSizePolicy(QSizePolicy::Preferred, i == m_pages->currentIndex()
+                                                                      ? QSizePolicy::Preferred
+                                                                      : QSizePolicy::Ignored);
+    m_pages->setMaximumHeight(m_pages->currentWidget()->sizeHint().height());
 }
 
 AccountDraft Form::draft() const {

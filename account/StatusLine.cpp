@@ -28,8 +28,8 @@ StatusLine::StatusLine(const QString& accessibleName, QWidget* parent)
     auto* dotColumn = new QVBoxLayout;
     dotColumn->setContentsMargins(0, above, 0, 0);
     dotColumn->addWidget(m_dot);
-    dotColumn->addStretch();
     row->addLayout(dotColumn);
+    row->setAlignment(dotColumn, Qt::AlignTop);
     row->addWidget(m_text, 1);
     clear();
 }
@@ -41,6 +41,7 @@ void StatusLine::show(platform::Asset dot, const QString& text) {
     m_text->setText(text);
     m_text->setAccessibleDescription(text);
     setVisible(true);
+    updateGeometry(); // at once, for who asks for the height of the whole next
 }
 
 void StatusLine::clear() {

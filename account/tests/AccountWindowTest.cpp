@@ -44,7 +44,12 @@ protected:
         QTest::keyClicks(&field(name), q(text));
     }
 
-    QPushButton& button(const char* name) { return *window->findChild<QPushButton*>(q(name)); }
+    QPushButton& button(const char* text) {
+        for (auto* candidate : window->findChildren<QPushButton*>())
+            if (candidate->text().remove(QLatin1Char('&')) == q(text)) return *candidate;
+        ADD_FAILURE() << "no button " << text;
+        std::abort();
+    }
 
     void fillInServer() {
         type("Host", "localhost");
@@ -65,27 +70,27 @@ protected:
 TEST_F(AccountWindowTest, SaysWhatIsMissingBeforeOnePresses) {
     open();
     EXPECT_EQ(window->status(), q("Not signed in. Your snippets stay on this machine."));
-    EXPECT_FALSE(button("signIn").isEnabled());
-    EXPECT_TRUE(button("signOut").isHidden());
+    EXPECT_FALSE(button("Sign In").isEnabled());
+    EXPECT_TRUE(button("Sign Out").isHidden());
     fillInServer();
-    EXPECT_TRUE(button("signIn").isEnabled());
+    EXPECT_TRUE(button("Sign In").isEnabled());
     EXPECT_EQ(window->result(), QString());
     type("Host", "db.example.org");
-    EXPECT_FALSE(button("signIn").isEnabled());
-    EXPECT_FALSE(button("test").isEnabled());
+    EXPECT_FALSE(button("Sign In").isEnabled());
+    EXPECT_FALSE(button("Test Connection").isEnabled());
     EXPECT_TRUE(window->result().contains(q("CA file")));
 }
 
 TEST_F(AccountWindowTest, ATestRunsBesideTheWindowAndStoresNothing) {
     open();
     fillInServer();
-    button("test").click();
+    button("Test Connection").click();
     EXPECT_EQ(window->result(), q("Connecting…"));
-    EXPECT_FALSE(button("test").isEnabled()) << "one test at a time";
+    EXPECT_FALSE(button("Testing…").isEnabled()) << "one test at a time";
     answer.set_value(std::unexpected(CKError{CKError::Code::NotAuthenticated, q("server's <b>words</b>")}));
     ASSERT_TRUE(shows("You were not let in."));
     EXPECT_TRUE(window->result().contains(q("server's <b>words</b>")));
-    EXPECT_TRUE(button("test").isEnabled());
+    EXPECT_TRUE(button("Test Connection").isEnabled());
     EXPECT_EQ(passwords, QStringList{q("p")});
     EXPECT_FALSE(QFile::exists(servicePath));
     EXPECT_FALSE(QFile::exists(passwordPath));
@@ -94,9 +99,9 @@ TEST_F(AccountWindowTest, ATestRunsBesideTheWindowAndStoresNothing) {
 TEST_F(AccountWindowTest, AnEditGivesTheRunningTestUp) {
     open();
     fillInServer();
-    button("test").click();
+    button("Test Connection").click();
     type("User", "v");
-    EXPECT_TRUE(button("test").isEnabled());
+    EXPECT_TRUE(button("Test Connection").isEnabled());
     answer.set_value({});
     QThreadPool::globalInstance()->waitForDone();
     QCoreApplication::processEvents();
@@ -106,7 +111,7 @@ TEST_F(AccountWindowTest, AnEditGivesTheRunningTestUp) {
 TEST_F(AccountWindowTest, AWindowThatGoesIsNotToldOfItsTest) {
     open();
     fillInServer();
-    button("test").click();
+    button("Test Connection").click();
     window.reset();
     answer.set_value({});
     QThreadPool::globalInstance()->waitForDone();
@@ -116,7 +121,7 @@ TEST_F(AccountWindowTest, AWindowThatGoesIsNotToldOfItsTest) {
 TEST_F(AccountWindowTest, SigningInStoresTestsAndShowsIt) {
     open();
     fillInServer();
-    button("signIn").click();
+    button("Sign In").click();
     answer.set_value({});
     ASSERT_TRUE(shows("You are signed in, and the connection works."));
     EXPECT_EQ(window->status(), q("Signed in: d on localhost, as u"));
@@ -126,8 +131,8 @@ TEST_F(AccountWindowTest, SigningInStoresTestsAndShowsIt) {
 
     open();
     EXPECT_EQ(field("User").text(), q("u"));
-    EXPECT_FALSE(button("signOut").isHidden());
-    button("signOut").click();
+    EXPECT_FALSE(button("Sign Out").isHidden());
+    button("Sign Out").click();
     EXPECT_EQ(window->status(), q("Not signed in. Your snippets stay on this machine."));
     EXPECT_EQ(contentsOf(passwordPath), "");
 }
@@ -141,7 +146,7 @@ TEST_F(AccountWindowTest, FollowsTheFileThatSomebodyElseWrites) {
     file.write("[quillet]\nhost=h\n");
     file.close();
     EXPECT_TRUE(QTest::qWaitFor([&] { return window->status().contains(q("cannot be read")); }));
-    EXPECT_FALSE(button("signOut").isHidden()) << "it can be thrown away";
+    EXPECT_FALSE(button("Sign Out").isHidden()) << "it can be thrown away";
 }
 
 } // namespace
