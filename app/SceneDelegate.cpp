@@ -1,5 +1,6 @@
 #include "app/SceneDelegate.h"
 
+#include "Quillet/cloud/CoreDataMigrator.h"
 #include "Quillet/core/UserSettings.h"
 #include "platform/screens/DesktopAppearance.h"
 
@@ -16,6 +17,8 @@ constexpr QSize preferredWindowSize(1120, 760);
 } // namespace
 
 void SceneDelegate::willConnect() {
+    // Ahead of the lists, which so never show what the check deletes.
+    CoreDataMigrator::shared().start();
     platform::applyPalette();
     m_window = std::make_unique<SnippetRootViewController>();
     m_window->installEventFilter(this);

@@ -14,7 +14,7 @@ class SceneDelegate : public QObject {
     Q_OBJECT
 
 public:
-    // Makes the window with its columns and shows it.
+    // Starts the migrator's check, makes the window with its columns and shows it.
     void willConnect();
 
     SnippetRootViewController& window() { return *m_window; }

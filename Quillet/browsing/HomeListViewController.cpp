@@ -1,8 +1,13 @@
 #include "Quillet/browsing/HomeListViewController.h"
 
+#include "Quillet/cloud/AccountCheck.h"
+#include "Quillet/cloud/CloudKitService.h"
+#include "platform/screens/Alert.h"
 #include "platform/screens/Symbol.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QShortcut>
+#include <QtGui/QShowEvent>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QToolButton>
@@ -55,6 +60,15 @@ HomeListViewController::HomeListViewController(QWidget* parent)
     m_snippetList->onDeleteSnippet = [this](const auto& snippet) {
         if (delegate) delegate->didDelete(snippet);
     };
+}
+
+void HomeListViewController::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous()) return; // the window came back, and the list had been there all along
+    checkAccount(CloudKitService::shared().container(),
+                 [list = QPointer(this)](const AccountWarning& warning) {
+                     if (list) platform::showAlert(list, warning.title, warning.message, warning.action);
+                 });
 }
 
 } // namespace quillet

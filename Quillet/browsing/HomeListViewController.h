@@ -19,6 +19,10 @@ public:
 
     void select(const std::shared_ptr<Snippet>& snippet) { m_snippetList->select(snippet); }
 
+protected:
+    // Warns about a missing account, each time the list comes up.
+    void showEvent(QShowEvent* event) override;
+
 private:
     SnippetListModel m_model;
     SnippetList* m_snippetList;

@@ -4,10 +4,25 @@
 #include "Quillet/core/Folder.h"
 #include "Quillet/core/LibraryModel.h"
 #include "Quillet/core/Segment.h"
+#include "Quillet/core/SnippetKeys.h"
 
 #include <algorithm>
 
 namespace quillet {
+
+namespace {
+
+template <typename T>
+QVariant variantOf(const std::optional<T>& value) {
+    return value ? QVariant(*value) : QVariant();
+}
+
+template <typename T>
+std::optional<T> valueOf(const QVariant& variant) {
+    return variant.isNull() ? std::nullopt : std::optional(variant.value<T>());
+}
+
+} // namespace
 
 Snippet::Snippet()
     : ManagedObject(libraryModel()->entity(QStringLiteral("Snippet"))) {}
@@ -27,6 +42,39 @@ platform::StoreResult<QString> Snippet::readCode() const {
     auto code = readValue(Code);
     if (!code) return std::unexpected(code.error());
     return code->toString();
+}
+
+std::optional<QByteArray> Snippet::id() const {
+    return valueOf<QByteArray>(value(Id));
+}
+
+void Snippet::setId(const std::optional<QByteArray>& id) {
+    setValue(Id, variantOf(id));
+}
+
+std::optional<QString> Snippet::name() const {
+    return valueOf<QString>(value(Name));
+}
+
+void Snippet::setName(const std::optional<QString>& name) {
+    setValue(Name, variantOf(name));
+}
+
+void Snippet::setLastUpdate(const std::optional<QDateTime>& date) {
+    setValue(LastUpdate, variantOf(date));
+}
+
+void Snippet::update(const platform::CKRecord& record) {
+    const auto takeText = [this, &record](SnippetKeys key, Attribute attribute) {
+        if (const auto text = platform::as<QString>(field(record, key))) setValue(attribute, *text);
+    };
+    takeText(SnippetKeys::name, Name);
+    if (const auto date = platform::as<QDateTime>(field(record, SnippetKeys::lastUpdate)))
+        setLastUpdate(date);
+    takeText(SnippetKeys::title, Title);
+    takeText(SnippetKeys::notes, Notes);
+    takeText(SnippetKeys::code, Code);
+    takeText(SnippetKeys::language, Language);
 }
 
 Folder* Snippet::folder() const {

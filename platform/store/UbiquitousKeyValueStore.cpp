@@ -1,7 +1,7 @@
 #include "platform/store/UbiquitousKeyValueStore.h"
 
+#include "platform/foundation/DurableFile.h"
 #include "platform/foundation/FatalError.h"
-#include "platform/store/DurableFile.h"
 #include "platform/store/PropertyList.h"
 #include "platform/store/PropertyListJson.h"
 

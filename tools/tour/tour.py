@@ -33,6 +33,7 @@ class Program:
         self.log = open(PICTURES / "program.log", "a", encoding="utf-8")
         self.process = subprocess.Popen([EXECUTABLE], stdout=self.log, stderr=self.log)
         shows("Languages")
+        dismiss_account_warning()
 
     def quit(self):
         press("alt+F4")
@@ -42,6 +43,15 @@ class Program:
             raise Missing("the program does not end when its window closes") from None
         if code != 0:
             raise Missing(f"the program ended with {code}")
+
+
+def dismiss_account_warning():
+    """The tour has no account, of which the program warns each time the list appears."""
+    shows("Sign into your iCloud account to use Quillet. Without this your snippets will only ever save locally.")
+    if steps == 0:
+        done("Warning without an account")
+    click("Okay")
+    wait("the warning does not go", lambda: not screen.find("Okay"))
 
 
 def open_snippet(language, title):
@@ -114,6 +124,7 @@ def narrow():
     done("Narrow editor")
     click("Back")
     shows("Languages")
+    dismiss_account_warning()
     done("Narrow list")
 
 

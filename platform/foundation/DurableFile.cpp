@@ -1,4 +1,4 @@
-#include "platform/store/DurableFile.h"
+#include "platform/foundation/DurableFile.h"
 
 #include "platform/foundation/Durability.h"
 
@@ -21,10 +21,12 @@ bool makeFolder(const QString& path) {
 
 } // namespace
 
-bool replaceDurably(const QString& path, const QByteArray& bytes) {
+bool replaceDurably(const QString& path, const QByteArray& bytes, Readers readers) {
     if (!makeFolder(QFileInfo(path).absolutePath())) return false;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) return false;
+    if (readers == Readers::OwnerOnly && !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
+        return false;
     if (file.write(bytes) != bytes.size()) return false;
     // commit() syncs as well, and does not tell where that fails.
     if (!file.flush() || fsync(file.handle()) != 0 || !file.commit()) return false;

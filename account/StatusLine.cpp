@@ -1,0 +1,56 @@
+#include "account/StatusLine.h"
+
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+
+namespace account {
+
+namespace {
+
+constexpr int dotSize = 10;
+
+} // namespace
+
+StatusLine::StatusLine(const QString& accessibleName, QWidget* parent)
+    : QWidget(parent)
+    , m_dot(new QLabel(this))
+    , m_text(new QLabel(this)) {
+    m_dot->setFixedSize(dotSize, dotSize);
+    m_text->setTextFormat(Qt::PlainText); // a server's words are in it
+    m_text->setWordWrap(true);
+    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_text->setAccessibleName(accessibleName);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(8);
+    // In line with the middle of the first line of text.
+    const int above = (m_text->fontMetrics().height() - dotSize + 1) / 2;
+    auto* dotColumn = new QVBoxLayout;
+    dotColumn->setContentsMargins(0, above, 0, 0);
+    dotColumn->addWidget(m_dot);
+    row->addLayout(dotColumn);
+    row->setAlignment(dotColumn, Qt::AlignTop);
+    row->addWidget(m_text, 1);
+    clear();
+}
+
+void StatusLine::show(platform::Asset dot, const QString& text) {
+    m_dot->setStyleSheet(QStringLiteral("background: %1; border-radius: %2px;")
+                             .arg(platform::color(dot).name())
+                             .arg(dotSize / 2));
+    m_text->setText(text);
+    m_text->setAccessibleDescription(text);
+    setVisible(true);
+    updateGeometry(); // at once, for who asks for the height of the whole next
+}
+
+void StatusLine::clear() {
+    m_text->clear();
+    setVisible(false);
+}
+
+QString StatusLine::text() const {
+    return m_text->text();
+}
+
+} // namespace account

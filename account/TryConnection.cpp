@@ -1,0 +1,47 @@
+#include "account/TryConnection.h"
+
+#include "platform/cloud/AccountFile.h"
+#include "platform/cloud/OpenCloudStore.h"
+#include "platform/cloud/PasswordFile.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QScopeGuard>
+
+namespace account {
+
+using platform::CloudAccount;
+using platform::CloudResult;
+
+namespace {
+
+constexpr platform::Deadline deadline = std::chrono::seconds(10);
+
+} // namespace
+
+TryConnection::TryConnection(QString userPasswordFile)
+    : m_userPasswordFile(std::move(userPasswordFile)) {
+    qputenv("PGPASSFILE", QFile::encodeName(m_passwordFile));
+}
+
+CloudResult<void> TryConnection::operator()(const CloudAccount& account, const QString& password) {
+    const std::lock_guard lock(m_mutex);
+    const auto removal = qScopeGuard([this] { QFile::remove(m_passwordFile); });
+    if (auto prepared = preparePasswords(account, password); !prepared) return prepared;
+    const auto store = platform::openCloudStore(account, deadline);
+    if (!store) return std::unexpected(store.error());
+    const auto revision = (*store)->revision();
+    return revision ? CloudResult<void>() : std::unexpected(revision.error());
+}
+
+CloudResult<void> TryConnection::preparePasswords(const CloudAccount& account,
+                                                  const QString& password) const {
+    const auto* server = std::get_if<platform::ServerAccount>(&account);
+    if (!server) return {};
+    const auto bytes = platform::readAccountFile(m_userPasswordFile);
+    if (!bytes) return std::unexpected(bytes.error());
+    if (auto copied = platform::writeAccountFile(m_passwordFile, *bytes); !copied) return copied;
+    if (password.isEmpty()) return {};
+    return platform::PasswordFile(m_passwordFile).write(*server, password);
+}
+
+} // namespace account

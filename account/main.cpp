@@ -1,0 +1,18 @@
+#include "account/AccountWindow.h"
+#include "account/TryConnection.h"
+#include "platform/screens/Palette.h"
+
+#include <QtWidgets/QApplication>
+
+int main(int argc, char** argv) {
+    const account::SignIn signIn;
+    account::TryConnection tryConnection(platform::PasswordFile::defaultPath());
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Quillet Account"));
+    QApplication::setApplicationVersion(QStringLiteral(QUILLET_VERSION));
+    QApplication::setStyle(QStringLiteral("fusion"));
+    platform::applyPalette();
+    account::AccountWindow window(signIn, std::ref(tryConnection));
+    window.show();
+    return QApplication::exec();
+}

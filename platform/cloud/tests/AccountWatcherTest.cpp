@@ -1,0 +1,36 @@
+#include "platform/cloud/AccountWatcher.h"
+
+#include "platform/cloud/tests/TemporaryFile.h"
+
+#include <QtTest/QTest>
+
+using namespace platform;
+
+namespace {
+
+class AccountWatcherTest : public TemporaryFile {};
+
+TEST_F(AccountWatcherTest, TellsOfASignInAChangeAndASignOut) {
+    const ServiceFile file(path);
+    AccountWatcher watcher(file);
+    std::vector<AccountResult> told;
+    const auto subscription =
+        watcher.account().observeChanges([&told](const auto& account) { told.push_back(account); });
+    const auto isTold = [&told](std::size_t count) {
+        return QTest::qWaitFor([&] { return told.size() == count; });
+    };
+
+    const AccountResult first = CloudAccount(FileAccount{QStringLiteral("/one")});
+    ASSERT_TRUE(file.write(**first));
+    ASSERT_TRUE(isTold(1));
+    EXPECT_EQ(told.back(), first);
+    put("[other]\nhost=h\n[quillet]\ndbname=sqlite:/two\n"); // in place, as an editor may write
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return told.back() == AccountResult(CloudAccount(FileAccount{QStringLiteral("/two")})); }));
+    const std::size_t before = told.size();
+    ASSERT_TRUE(file.remove());
+    ASSERT_TRUE(isTold(before + 1));
+    EXPECT_EQ(told.back(), AccountResult());
+}
+
+} // namespace
