@@ -77,6 +77,19 @@ CloudResult<HeadRow> readHead(SqlConnection& connection, const QString& zone, qi
     return result;
 }
 
+// Where a reader of the whole page stands.
+CloudResult<void> setPosition(SqlConnection& connection, ZoneChanges& page) {
+    if (!page.hasMore) {
+        page.position = {page.head.revision, {}};
+        page.tag = page.head.tag;
+        return {};
+    }
+    page.position = {page.records.back().revision, page.records.back().name};
+    return connection.query(
+        QStringLiteral("SELECT tag FROM quillet_revisions WHERE owner = $owner AND revision = ?"),
+        {page.position.revision}, [&page](const QSqlQuery& row) { page.tag = uuidOf(row.value(0)); });
+}
+
 bool isKnown(const HeadRow& row, const QUuid& epoch, qint64 revision, const QUuid& tag) {
     if (epoch != row.head.epoch) return false;
     return revision == 0 || (!tag.isNull() && tag == row.tagAtPosition);
@@ -154,7 +167,7 @@ CloudResult<ZoneChanges> SqlCloudStore::changes(const QString& zone, const QUuid
             page.hasMore = records->size() > static_cast<std::size_t>(limit);
             if (page.hasMore) records->pop_back();
             page.records = std::move(*records);
-            return {};
+            return setPosition(connection, page);
         });
         return read ? CloudResult<ZoneChanges>(std::move(page)) : std::unexpected(read.error());
     });
@@ -204,13 +217,13 @@ CloudResult<std::vector<DeviceEntry>> SqlCloudStore::devices(const QString& zone
     return call<std::vector<DeviceEntry>>(
         [&](SqlConnection& connection) -> CloudResult<std::vector<DeviceEntry>> {
             std::vector<DeviceEntry> devices;
-            CLOUD_TRY(
-                connection.query(QStringLiteral("SELECT device, revision, $now - seen_at FROM quillet_devices"
-                                                " WHERE owner = $owner AND zone = ? ORDER BY device"),
-                                 {sqlValue(zone)}, [&devices](const QSqlQuery& row) {
-                                     devices.push_back({uuidOf(row.value(0)), row.value(1).toLongLong(),
-                                                        std::max<qint64>(0, row.value(2).toLongLong())});
-                                 }));
+            CLOUD_TRY(connection.query(
+                QStringLiteral("SELECT device, revision, $now - seen_at, tag FROM quillet_devices"
+                               " WHERE owner = $owner AND zone = ? ORDER BY device"),
+                {sqlValue(zone)}, [&devices](const QSqlQuery& row) {
+                    devices.push_back({uuidOf(row.value(0)), row.value(1).toLongLong(),
+                                       std::max<qint64>(0, row.value(2).toLongLong()), uuidOf(row.value(3))});
+                }));
             return devices;
         });
 }

@@ -70,6 +70,7 @@ TEST_P(CloudContract, PagesInOrderAndGoesOnFromTheMiddleOfARevision) {
     for (int i = 0; i < 25; ++i)
         records.push_back(record(name(24 - i)));
     commit(device, records);
+    const QUuid firstTag = device.tag;
     commit(device, {record(name(3), "again"), record(name(30))});
 
     auto page = store->changes(zone, device.epoch, {}, {}, 10);
@@ -78,10 +79,14 @@ TEST_P(CloudContract, PagesInOrderAndGoesOnFromTheMiddleOfARevision) {
     EXPECT_TRUE(page->hasMore);
     ASSERT_EQ(page->records.size(), 10U);
     EXPECT_EQ(page->records[3].name, name(4)); // 3 has moved on
+    EXPECT_EQ(page->position, (ZonePosition{1, page->records.back().name}));
+    EXPECT_EQ(page->tag, firstTag);
     page = store->changes(zone, device.epoch, {1, name(23)}, {}, 3);
     ASSERT_TRUE(page);
     EXPECT_THAT(namesOf(page->records), ElementsAre(name(24), name(3), name(30)));
     EXPECT_FALSE(page->hasMore);
+    EXPECT_EQ(page->position, (ZonePosition{2, {}}));
+    EXPECT_EQ(page->tag, device.tag);
     EXPECT_EQ(page->records[1].revision, 2);
     EXPECT_EQ(page->records[1].payload, "again");
     page = store->changes(zone, device.epoch, {1, {}}, {}, 10);
@@ -173,6 +178,7 @@ TEST_P(CloudContract, ListsDevicesAndWhatTheyHaveRead) {
         EXPECT_EQ(entry.revision, entry.device == reader ? 9 : 1);
         EXPECT_GE(entry.secondsSilent, 0);
         EXPECT_LT(entry.secondsSilent, 300);
+        EXPECT_EQ(entry.lastTag, entry.device == reader ? QUuid() : device.tag);
     }
     commit(device, {record(name(2))}); // reporting has not touched its tag
     auto byReader = device.pushOf({});
