@@ -1,6 +1,8 @@
 #include "app/AppDelegate.h"
 
 #include "Quillet/core/UserSettings.h"
+#include "platform/cloud/DefaultAccount.h"
+#include "platform/cloud/RemoteNotifications.h"
 
 #include <QtWidgets/QApplication>
 
@@ -14,11 +16,17 @@ AppDelegate::AppDelegate()
 AppDelegate::~AppDelegate() {
     m_coreDataStack->save(SaveReason::AppTermination);
     defaultKeyValueStore().synchronize();
+    m_coreDataStack->stopMirroring();
 }
 
 void AppDelegate::didFinishLaunching() {
-    m_coreDataStack->cloudKitContainer();
+    platform::registerForRemoteNotifications();
+    auto& container = m_coreDataStack->cloudKitContainer();
     m_scene.willConnect();
+    m_coreDataStack->startMirroring(platform::defaultAccountReader(), platform::defaultStoreOpener(),
+                                    defaultKeyValueStore());
+    m_accountChanges =
+        m_account.account().observeChanges([&container](const auto&) { container.noteAccountChange(); });
 }
 
 void AppDelegate::activate() {

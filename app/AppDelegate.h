@@ -2,6 +2,7 @@
 
 #include "Quillet/core/CoreDataStack.h"
 #include "app/SceneDelegate.h"
+#include "platform/cloud/AccountWatcher.h"
 
 namespace quillet {
 
@@ -25,6 +26,8 @@ public:
 
 private:
     CoreDataStack* m_coreDataStack;
+    platform::AccountWatcher m_account;
+    platform::Subscription m_accountChanges;
     SceneDelegate m_scene;
 };
 

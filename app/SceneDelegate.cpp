@@ -1,6 +1,7 @@
 #include "app/SceneDelegate.h"
 
 #include "Quillet/cloud/CoreDataMigrator.h"
+#include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/UserSettings.h"
 #include "platform/screens/DesktopAppearance.h"
 
@@ -27,6 +28,7 @@ void SceneDelegate::willConnect() {
     // A tablet's shell suspends the program as a whole.
     connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         if (state == Qt::ApplicationSuspended || state == Qt::ApplicationHidden) didEnterBackground();
+        if (state == Qt::ApplicationActive) CoreDataStack::shared().cloudKitContainer().noteForeground();
     });
     // The session may end instead of the window.
     connect(qApp, &QGuiApplication::commitDataRequest, this, &SceneDelegate::didEnterBackground,

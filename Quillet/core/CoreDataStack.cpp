@@ -1,12 +1,14 @@
 #include "Quillet/core/CoreDataStack.h"
 
 #include "Quillet/core/DataDirectory.h"
+#include "Quillet/core/LibraryMirror.h"
 #include "Quillet/core/LibraryModel.h"
 #include "Quillet/core/Segment.h"
 #include "Quillet/core/Snippet.h"
 #include "Quillet/core/StoreCheck.h"
 #include "platform/foundation/Log.h"
 #include "platform/foundation/NeverDestroyed.h"
+#include "platform/mirror/KeyValueZone.h"
 
 namespace quillet {
 
@@ -29,15 +31,15 @@ CoreDataStack& CoreDataStack::shared() {
 CoreDataStack::CoreDataStack(QString directory)
     : m_directory(std::move(directory)) {}
 
-platform::PersistentContainer& CoreDataStack::cloudKitContainer() {
+platform::PersistentCloudContainer& CoreDataStack::cloudKitContainer() {
     if (!m_container) build();
     return *m_container;
 }
 
 void CoreDataStack::build() {
     logLine(QStringLiteral("☁️ Loading store"));
-    m_container = std::make_unique<platform::PersistentContainer>(QStringLiteral("Quillet"), libraryModel(),
-                                                                  m_directory);
+    m_container = std::make_unique<platform::PersistentCloudContainer>(
+        QStringLiteral("Quillet"), libraryModel(), m_directory, libraryZone, libraryMirrorPolicy());
     for (auto& description : m_container->persistentStoreDescriptions())
         checkStore(description, m_container->persistentStoreCoordinator());
     logLine(QStringLiteral("☁️ Stores set to map automatically."));
@@ -53,6 +55,22 @@ void CoreDataStack::finishLoading(const std::optional<platform::StoreError>& err
     logLine(QStringLiteral("☁️ there has been an error loading the stores and the user will have no data."));
     logLine(QStringLiteral("☁️ ") + error->message);
     m_health.set({error, std::nullopt});
+}
+
+void CoreDataStack::startMirroring(platform::AccountReader readAccount, platform::StoreOpener open,
+                                   platform::UbiquitousKeyValueStore& settings) {
+    platform::MirroredZones zones;
+    zones.push_back(std::make_unique<platform::KeyValueZone>(
+        settingsZone, settings, [] { return QDateTime::currentMSecsSinceEpoch(); }));
+    cloudKitContainer().startMirroring(std::move(readAccount), std::move(open), std::move(zones));
+    m_settings = &settings;
+    settings.setObserver([this] { m_container->noteLocalChange(); });
+}
+
+void CoreDataStack::stopMirroring() {
+    if (m_settings) m_settings->setObserver({});
+    m_settings = nullptr;
+    if (m_container) m_container->stopMirroring();
 }
 
 void CoreDataStack::save(SaveReason reason) {

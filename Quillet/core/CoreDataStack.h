@@ -2,7 +2,8 @@
 
 #include "Quillet/core/SaveReason.h"
 #include "platform/foundation/Observable.h"
-#include "platform/store/PersistentContainer.h"
+#include "platform/mirror/PersistentCloudContainer.h"
+#include "platform/store/UbiquitousKeyValueStore.h"
 
 #include <memory>
 #include <optional>
@@ -26,9 +27,15 @@ public:
 
     // Checks and loads the store at first use. The container works without a store, too: lists are empty
     // then, and every save fails.
-    platform::PersistentContainer& cloudKitContainer();
+    platform::PersistentCloudContainer& cloudKitContainer();
 
     platform::ManagedObjectContext& viewContext() { return cloudKitContainer().viewContext(); }
+
+    // Keeps the library and the settings in step with the account's cloud from now on. `settings` outlives
+    // that.
+    void startMirroring(platform::AccountReader readAccount, platform::StoreOpener open,
+                        platform::UbiquitousKeyValueStore& settings);
+    void stopMirroring();
 
     // Logs the reason and saves; never skipped, also with nothing to save. A failure leaves all changes
     // pending for the next save and shows in health().
@@ -49,7 +56,8 @@ private:
     void finishLoading(const std::optional<platform::StoreError>& error);
 
     QString m_directory;
-    std::unique_ptr<platform::PersistentContainer> m_container;
+    std::unique_ptr<platform::PersistentCloudContainer> m_container;
+    platform::UbiquitousKeyValueStore* m_settings = nullptr; // while they are mirrored
     platform::Observable<Health> m_health;
 };
 

@@ -7,13 +7,17 @@
 
 namespace quillet {
 
+QString conflictTitle(const QDateTime& written) {
+    return QStringLiteral("Conflict - ") + platform::shortDateTime(written);
+}
+
 Segment::Segment()
     : ManagedObject(libraryModel()->entity(QStringLiteral("Segment"))) {}
 
 void Segment::keepConflicting(Snippet& snippet, const QString& text) {
     const auto segment = std::make_shared<Segment>();
     snippet.context()->insert(segment);
-    segment->setTitle(QStringLiteral("Conflict - ") + platform::shortDateTime(QDateTime::currentDateTime()));
+    segment->setTitle(conflictTitle(QDateTime::currentDateTime()));
     segment->setCode(text);
     segment->setToOne(OfSnippet, &snippet);
 }

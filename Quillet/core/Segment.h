@@ -10,6 +10,9 @@ namespace quillet {
 
 class Snippet;
 
+// The title of a segment that keeps a text which lost against another one, written at `written`.
+QString conflictTitle(const QDateTime& written);
+
 // A further named text of a snippet. Main thread.
 class Segment : public platform::ManagedObject {
 public:

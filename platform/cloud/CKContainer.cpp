@@ -1,8 +1,7 @@
 #include "platform/cloud/CKContainer.h"
 
 #include "platform/cloud/AccountRules.h"
-#include "platform/cloud/OpenCloudStore.h"
-#include "platform/cloud/ServiceFile.h"
+#include "platform/cloud/DefaultAccount.h"
 #include "platform/foundation/NeverDestroyed.h"
 
 #include <QtCore/QCoreApplication>
@@ -10,13 +9,6 @@
 namespace platform {
 
 namespace {
-
-// Of one request; whoever quits the program may have to wait for so long.
-constexpr Deadline deadline = std::chrono::seconds(10);
-
-CloudResult<std::unique_ptr<CloudStore>> openStore(const CloudAccount& account) {
-    return openCloudStore(account, deadline);
-}
 
 CKAccountStatus statusOf(const AccountResult& account) {
     if (!account) return CKAccountStatus::CouldNotDetermine;
@@ -27,7 +19,7 @@ CKAccountStatus statusOf(const AccountResult& account) {
 } // namespace
 
 CKContainer& CKContainer::defaultContainer() {
-    static NeverDestroyed<CKContainer> container([] { return ServiceFile().account(); }, openStore);
+    static NeverDestroyed<CKContainer> container(defaultAccountReader(), defaultStoreOpener());
     static const bool isEnding = [] {
         qAddPostRoutine([] { container.get().stop(); });
         return true;

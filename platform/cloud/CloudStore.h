@@ -142,6 +142,10 @@ public:
     // `observer` is called in the event loop of the calling thread, soon after others have written, and also
     // now and then for nothing.
     virtual CloudResult<Notifications> subscribe(std::function<void()> observer) = 0;
+
+    // From any thread: the call that is under way and all later ones end soon, with NetworkFailure. Does
+    // nothing to a store whose calls never last.
+    virtual void interrupt() {}
 };
 
 } // namespace platform

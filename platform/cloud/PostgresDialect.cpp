@@ -200,6 +200,10 @@ void PostgresDialect::endCall() {
     m_watchdog.callOff();
 }
 
+void PostgresDialect::interrupt() {
+    m_watchdog.watch(Watchdog::Clock::now());
+}
+
 CloudResult<void> PostgresDialect::announce(SqlConnection& connection) {
     if (!m_hasNotifications.value_or(false)) return {};
     return connection.runOnce(QStringLiteral("NOTIFY %1").arg(m_channel));

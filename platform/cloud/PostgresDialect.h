@@ -26,6 +26,7 @@ public:
     bool isCurrent() const override;
     void beginCall(CallLimit limit) override;
     void endCall() override;
+    void interrupt() override;
     CloudResult<void> announce(SqlConnection& connection) override;
     CloudResult<CloudStore::Notifications> subscribe(SqlConnection& connection,
                                                      std::function<void()> observer) override;

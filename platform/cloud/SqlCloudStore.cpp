@@ -95,6 +95,10 @@ bool isKnown(const HeadRow& row, const QUuid& epoch, qint64 revision, const QUui
     return revision == 0 || (!tag.isNull() && tag == row.tagAtPosition);
 }
 
+CKError interruption() {
+    return {CKError::Code::NetworkFailure, QStringLiteral("the call was broken off")};
+}
+
 } // namespace
 
 SqlCloudStore::SqlCloudStore(std::unique_ptr<SqlDialect> dialect, Deadline deadline)
@@ -131,7 +135,8 @@ template <typename T>
 CloudResult<T> SqlCloudStore::call(const std::function<CloudResult<T>(SqlConnection&)>& body) {
     const CallLimit limit = std::chrono::steady_clock::now() + m_deadline;
     m_dialect->beginCall(limit);
-    auto result = attempt(body, limit);
+    // Behind the line above, which an interruption ahead of it would not survive.
+    auto result = m_isInterrupted ? CloudResult<T>(std::unexpected(interruption())) : attempt(body, limit);
     for (int tried = 1;
          !result && result.error().code == CKError::Code::RequestRateLimited && pauseBefore(tried, limit);
          ++tried)
@@ -292,6 +297,11 @@ CloudResult<CloudStore::Notifications> SqlCloudStore::subscribe(std::function<vo
     return call<Notifications>([&](SqlConnection& connection) { // also where it has only just connected
         return m_dialect->subscribe(connection, m_observer);
     });
+}
+
+void SqlCloudStore::interrupt() {
+    m_isInterrupted = true;
+    m_dialect->interrupt();
 }
 
 } // namespace platform

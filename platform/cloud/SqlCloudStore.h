@@ -3,6 +3,8 @@
 #include "platform/cloud/OpenCloudStore.h"
 #include "platform/cloud/SqlConnection.h"
 
+#include <atomic>
+
 namespace platform {
 
 // The cloud in an SQL database, whichever the dialect speaks to.
@@ -24,6 +26,7 @@ public:
     CloudResult<std::vector<ZoneRecord>> records(const QString& zone, const QString& type) override;
     CloudResult<void> saveRecord(const QString& zone, const ZoneRecord& record) override;
     CloudResult<Notifications> subscribe(std::function<void()> observer) override;
+    void interrupt() override;
 
 private:
     SqlCloudStore(std::unique_ptr<SqlDialect> dialect, Deadline deadline);
@@ -39,6 +42,7 @@ private:
     Deadline m_deadline;
     std::unique_ptr<SqlConnection> m_connection; // null after it has broken
     std::function<void()> m_observer;
+    std::atomic<bool> m_isInterrupted = false;
 };
 
 } // namespace platform

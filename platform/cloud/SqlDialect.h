@@ -48,6 +48,9 @@ public:
     virtual void beginCall(CallLimit limit) = 0;
     virtual void endCall() = 0;
 
+    // Any thread: the call that is under way, if any, fails at once instead.
+    virtual void interrupt() {}
+
     // Tells others of a write, inside its transaction.
     virtual CloudResult<void> announce(SqlConnection& connection) = 0;
     // As CloudStore::subscribe(), for as long as the connection lives. The observer's thread is this one.

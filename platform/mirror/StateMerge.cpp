@@ -1,7 +1,7 @@
 #include "platform/mirror/StateMerge.h"
 
-#include "platform/mirror/DeliberateFaults.h"
 #include "platform/foundation/TextMerge.h"
+#include "platform/mirror/DeliberateFaults.h"
 #include "platform/mirror/TextValue.h"
 
 #include <algorithm>

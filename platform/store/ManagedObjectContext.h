@@ -53,6 +53,8 @@ public:
     // every save fails with NotLoaded.
     StoreResult<void> setStore(std::unique_ptr<SqliteStore> store);
 
+    bool hasStore() const { return m_store != nullptr; }
+
     // Takes a detached object in. An object of this context is left as it is.
     void insert(const std::shared_ptr<ManagedObject>& object);
     // Deletes the object and, by the delete rules, what hangs on it. A second delete has no effect.

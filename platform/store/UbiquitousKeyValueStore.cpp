@@ -91,11 +91,9 @@ std::optional<QVariantMap> UbiquitousKeyValueStore::dictionary(const QString& ke
 void UbiquitousKeyValueStore::setObject(const QString& key, const QVariant& value) {
     const auto list = propertyListFrom(value);
     if (!list) fatalError("a value that is no property list was set in the key-value store");
-    {
-        const std::scoped_lock lock(m_mutex);
-        m_values.insert(key, *list);
-        ++m_revision;
-    }
+    const std::scoped_lock lock(m_mutex);
+    m_values.insert(key, *list);
+    ++m_revision;
     if (m_observer) m_observer();
 }
 
@@ -116,6 +114,7 @@ bool UbiquitousKeyValueStore::replaceObject(const QString& key, const QVariant& 
 }
 
 void UbiquitousKeyValueStore::setObserver(std::function<void()> observer) {
+    const std::scoped_lock lock(m_mutex);
     m_observer = std::move(observer);
 }
 

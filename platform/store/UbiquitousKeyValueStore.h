@@ -19,6 +19,8 @@ public:
     // not readable) does so too, and is kept beside the new one, with the suffix ".unreadable".
     explicit UbiquitousKeyValueStore(QString path);
 
+    const QString& path() const { return m_path; }
+
     // A null QVariant where the key is absent or its value is null.
     QVariant object(const QString& key) const;
     // These are absent as well where the value has another type, however close.
@@ -39,7 +41,7 @@ public:
     bool replaceObject(const QString& key, const QVariant& expected, const QVariant& value);
 
     // `observer` is told of every value set, on the thread that set it, before the setter returns; it must
-    // not call the store. To be set before other threads use the store.
+    // not call the store. Once another one is set it is not called any more.
     void setObserver(std::function<void()> observer);
 
     // True once all that was set before the call is on the disk. Touches no file where nothing was set since
@@ -54,9 +56,9 @@ private:
     bool moveAside() const;
 
     const QString m_path;
-    std::function<void()> m_observer;
 
-    mutable std::mutex m_mutex; // guards these two; held for moments only
+    mutable std::mutex m_mutex; // guards these three; held for moments only
+    std::function<void()> m_observer;
     QHash<QString, QVariant> m_values;
     quint64 m_revision = 0; // counts the values set
 

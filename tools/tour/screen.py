@@ -10,6 +10,8 @@ from gi.repository import Atspi  # noqa: E402
 
 PATIENCE = 20  # seconds that anything may take to appear
 
+process = None  # the one program to look at, where several run
+
 
 class Missing(Exception):
     """Something that should be on screen is not."""
@@ -49,7 +51,9 @@ def _application():
     desktop = Atspi.get_desktop(0)
     for index in range(desktop.get_child_count()):
         child = desktop.get_child_at_index(index)
-        if child is not None and "quillet" in (child.get_name() or "").lower():
+        if child is None or "quillet" not in (child.get_name() or "").lower():
+            continue
+        if process is None or child.get_process_id() == process:
             return child
     return None
 
