@@ -59,10 +59,12 @@ ServerParameters atAddress(ServerParameters parameters, const QString& address, 
     return parameters;
 }
 
+// libpq's connection inside of Qt's; null where there is none. The type goes by either of its names.
 PGconn* handleOf(const QSqlDatabase& database) {
     const QVariant handle = database.driver()->handle();
-    return qstrcmp(handle.typeName(), "PGconn*") == 0 ? *static_cast<PGconn* const*>(handle.constData())
-                                                      : nullptr;
+    const QByteArrayView type(handle.typeName());
+    return type == "PGconn*" || type == "pg_conn*" ? *static_cast<PGconn* const*>(handle.constData())
+                                                   : nullptr;
 }
 
 std::unexpected<CKError> error(CKError::Code code, const QString& message) {
@@ -120,30 +122,39 @@ CKError PostgresDialect::errorOf(const QSqlError& error) const {
 
 CloudResult<std::unique_ptr<SqlConnection>> PostgresDialect::connect(CallLimit limit) {
     m_subscription.reset();
+    auto opening = OpeningSocket::await(m_account.port, limit);
+    if (!opening)
+        return error(CKError::Code::NetworkFailure, QStringLiteral("other connections take too long"));
     const auto parameters = serverParameters(m_account, m_deadline);
     if (!parameters) return std::unexpected(parameters.error());
     const auto address = probeServer(*parameters, limit);
     if (!address) return std::unexpected(address.error());
+    setSocket(Socket(), std::move(opening)); // the probe keeps to the limit by itself
     auto connection = std::make_unique<SqlConnection>(*this, QStringLiteral("QPSQL"));
-    CLOUD_TRY(open(*connection, atAddress(*parameters, *address, limit), limit));
-    CLOUD_TRY(connection->runOnce(QStringLiteral("SET bytea_output TO hex"))); // Qt's is four times as long
+    CLOUD_TRY(open(*connection, atAddress(*parameters, *address, limit)));
+    CLOUD_TRY(setUp(*connection));
     CLOUD_TRY(checkSchema(*connection));
     CLOUD_TRY(probeNotifications(*connection));
     return connection;
 }
 
-CloudResult<void> PostgresDialect::open(SqlConnection& connection, const ServerParameters& parameters,
-                                        CallLimit limit) {
-    auto opening = OpeningSocket::await(m_account.port, limit);
-    if (!opening)
-        return error(CKError::Code::NetworkFailure, QStringLiteral("other connections take too long"));
-    setSocket(Socket(), std::move(opening));
+CloudResult<void> PostgresDialect::open(SqlConnection& connection, const ServerParameters& parameters) {
     QSqlDatabase database = connection.database();
     database.setConnectOptions(optionsOf(parameters));
-    const bool isOpen = database.open();
-    setSocket(isOpen ? Socket(PQsocket(handleOf(database))) : Socket(), std::nullopt);
+    Socket socket(database.open() ? PQsocket(handleOf(database)) : -1);
+    const bool isOpen = socket.descriptor() >= 0;
+    setSocket(std::move(socket), std::nullopt);
     if (isOpen) return {};
     return error(CKError::Code::NetworkFailure, QStringLiteral("the connection to the server broke"));
+}
+
+// A device that goes away in the middle of a transaction must not hold up the user's others for the hours
+// that TCP would give it.
+CloudResult<void> PostgresDialect::setUp(SqlConnection& connection) {
+    const qint64 limit = m_deadline.count();
+    CLOUD_TRY(connection.runOnce(QStringLiteral("SET idle_in_transaction_session_timeout TO %1").arg(limit)));
+    CLOUD_TRY(connection.runOnce(QStringLiteral("SET statement_timeout TO %1").arg(limit)));
+    return connection.runOnce(QStringLiteral("SET bytea_output TO hex")); // Qt's is up to twice as long
 }
 
 CloudResult<void> PostgresDialect::checkSchema(SqlConnection& connection) {

@@ -31,7 +31,8 @@ public:
                                                      std::function<void()> observer) override;
 
 private:
-    CloudResult<void> open(SqlConnection& connection, const ServerParameters& parameters, CallLimit limit);
+    CloudResult<void> open(SqlConnection& connection, const ServerParameters& parameters);
+    CloudResult<void> setUp(SqlConnection& connection);
     CloudResult<void> checkSchema(SqlConnection& connection);
     CloudResult<void> probeNotifications(SqlConnection& connection);
     void setSocket(Socket socket, std::optional<OpeningSocket> opening);

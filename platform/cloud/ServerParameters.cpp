@@ -66,7 +66,10 @@ CloudResult<ServerParameters> serverParameters(const ServerAccount& account,
         {QStringLiteral("sslrootcert"), account.rootCertificate},
         {QStringLiteral("gssencmode"), QStringLiteral("disable")}, // it would stand in for TLS
         {QStringLiteral("application_name"), QStringLiteral("Quillet")},
-        {QStringLiteral("keepalives_idle"), QStringLiteral("30")},
+        {QStringLiteral("keepalives_idle"),
+         QStringLiteral("30")}, // seconds; for a subscriber that only waits
+        {QStringLiteral("keepalives_interval"), QStringLiteral("10")},
+        {QStringLiteral("keepalives_count"), QStringLiteral("3")},
         {QStringLiteral("tcp_user_timeout"), QString::number(deadline.count())},
     };
 }
