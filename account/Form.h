@@ -4,6 +4,8 @@
 
 #include <QtWidgets/QWidget>
 
+#include <functional>
+
 class QAbstractButton;
 class QLineEdit;
 class QStackedWidget;

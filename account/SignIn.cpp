@@ -1,5 +1,7 @@
 #include "account/SignIn.h"
 
+#include "platform/cloud/CloudTry.h"
+
 #include <tuple>
 
 namespace account {
@@ -26,16 +28,15 @@ bool sharesPassword(const CloudAccount& a, const CloudAccount& b) {
 CloudResult<void> SignIn::signIn(const CloudAccount& account, const QString& password) const {
     const auto before = m_service.account();
     const auto* server = std::get_if<ServerAccount>(&account);
-    if (server && !password.isEmpty())
-        if (auto written = m_passwords.write(*server, password); !written) return written;
-    if (auto written = m_service.write(account); !written) return written;
+    if (server && !password.isEmpty()) CLOUD_TRY(m_passwords.write(*server, password));
+    CLOUD_TRY(m_service.write(account));
     if (before && *before && !sharesPassword(**before, account)) return forgetPassword(**before);
     return {};
 }
 
 CloudResult<void> SignIn::signOut() const {
     const auto before = m_service.account();
-    if (auto removed = m_service.remove(); !removed) return removed;
+    CLOUD_TRY(m_service.remove());
     return before && *before ? forgetPassword(**before) : CloudResult<void>();
 }
 

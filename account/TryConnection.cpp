@@ -1,6 +1,7 @@
 #include "account/TryConnection.h"
 
 #include "platform/cloud/AccountFile.h"
+#include "platform/cloud/CloudTry.h"
 #include "platform/cloud/OpenCloudStore.h"
 #include "platform/cloud/PasswordFile.h"
 
@@ -26,11 +27,11 @@ TryConnection::TryConnection(QString userPasswordFile)
 CloudResult<void> TryConnection::operator()(const CloudAccount& account, const QString& password) {
     const std::lock_guard lock(m_mutex);
     const auto removal = qScopeGuard([this] { QFile::remove(m_passwordFile); });
-    if (auto prepared = preparePasswords(account, password); !prepared) return prepared;
+    CLOUD_TRY(preparePasswords(account, password));
     const auto store = platform::openCloudStore(account, deadline);
     if (!store) return std::unexpected(store.error());
-    const auto revision = (*store)->revision();
-    return revision ? CloudResult<void>() : std::unexpected(revision.error());
+    CLOUD_TRY((*store)->revision());
+    return {};
 }
 
 CloudResult<void> TryConnection::preparePasswords(const CloudAccount& account,
@@ -39,7 +40,7 @@ CloudResult<void> TryConnection::preparePasswords(const CloudAccount& account,
     if (!server) return {};
     const auto bytes = platform::readAccountFile(m_userPasswordFile);
     if (!bytes) return std::unexpected(bytes.error());
-    if (auto copied = platform::writeAccountFile(m_passwordFile, *bytes); !copied) return copied;
+    CLOUD_TRY(platform::writeAccountFile(m_passwordFile, *bytes));
     if (password.isEmpty()) return {};
     return platform::PasswordFile(m_passwordFile).write(*server, password);
 }

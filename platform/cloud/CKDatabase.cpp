@@ -1,5 +1,6 @@
 #include "platform/cloud/CKDatabase.h"
 
+#include "platform/cloud/CloudTry.h"
 #include "platform/cloud/RecordPayload.h"
 
 namespace platform {
@@ -25,7 +26,7 @@ CloudResult<std::vector<CKRecordZone>> modifyZones(CloudStore& store,
         return std::unexpected(
             CKError{CKError::Code::InvalidArguments, QStringLiteral("zones cannot be deleted")});
     for (const auto& zone : operation.recordZonesToSave)
-        if (auto saved = store.saveZone(zone.zoneID.zoneName); !saved) return std::unexpected(saved.error());
+        CLOUD_TRY(store.saveZone(zone.zoneID.zoneName));
     return operation.recordZonesToSave;
 }
 
@@ -46,8 +47,7 @@ CloudResult<CKRecord> save(CloudStore& store, const CKRecord& record) {
     row.name = record.recordID().recordName;
     row.type = record.recordType();
     row.payload = encodePayload(record.fields());
-    if (auto saved = store.saveRecord(record.recordID().zoneID.zoneName, row); !saved)
-        return std::unexpected(saved.error());
+    CLOUD_TRY(store.saveRecord(record.recordID().zoneID.zoneName, row));
     return record;
 }
 
