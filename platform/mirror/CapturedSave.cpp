@@ -33,8 +33,7 @@ QUuid targetOf(const ManagedObject& object, const EntityShape::Reference& refere
 
 CapturedSave::CapturedSave(SqliteConnection& connection, const MirrorShape& shape, const Stamp& latest,
                            WallTime wall)
-    : m_connection(&connection)
-    , m_shape(&shape)
+    : m_shape(&shape)
     , m_table(connection)
     , m_rows(connection)
     , m_device(latest.device)

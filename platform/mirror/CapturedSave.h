@@ -56,7 +56,6 @@ private:
     StoreResult<void> keepAlive(const QUuid& whole);
     StoreResult<void> noteReferrers(const EntityShape& shape, const QUuid& id);
 
-    SqliteConnection* m_connection;
     const MirrorShape* m_shape;
     MirrorTable m_table;
     MirrorRows m_rows;

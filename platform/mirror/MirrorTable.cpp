@@ -126,7 +126,11 @@ StoreResult<std::optional<MirroredObject>> MirrorTable::read(const QUuid& id) {
 
 StoreResult<void> MirrorTable::write(const QUuid& id, const MirroredObject& object) {
     return m_connection->run(
-        QStringLiteral("INSERT OR REPLACE INTO \"_Mirror\" VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+        QStringLiteral("INSERT INTO \"_Mirror\" VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?) "
+                       "ON CONFLICT (id) DO UPDATE SET state = excluded.state, dead = excluded.dead, "
+                       "change = excluded.change, revision = excluded.revision, "
+                       "reading = excluded.reading, sent = excluded.sent, bases = excluded.bases, "
+                       "parked = excluded.parked"),
         {id.toRfc4122(), toBytes(object.state), object.state.isAlive() ? 0 : 1, object.change,
          object.revision, object.reading, static_cast<qint64>(object.sent), basesToColumn(object.bases),
          object.parked.isEmpty() ? QVariant() : QVariant(object.parked)});

@@ -37,6 +37,11 @@ StoreResult<void> SqliteMirrorStorage::transaction(const std::function<StoreResu
     return result;
 }
 
+MirrorView& SqliteMirrorStorage::view() {
+    if (!m_view) fatalError("A mirror's objects are read and written inside transactions");
+    return *m_view;
+}
+
 StoreResult<MirrorProgress> SqliteMirrorStorage::progress() {
     return m_table.progress();
 }
@@ -46,19 +51,19 @@ StoreResult<void> SqliteMirrorStorage::setProgress(const MirrorProgress& progres
 }
 
 StoreResult<std::optional<MirroredObject>> SqliteMirrorStorage::object(const QUuid& id) {
-    return m_view->object(id);
+    return view().object(id);
 }
 
 StoreResult<void> SqliteMirrorStorage::put(const QUuid& id, const MirroredObject& object) {
-    return m_view->put(id, object);
+    return view().put(id, object);
 }
 
 StoreResult<void> SqliteMirrorStorage::remove(const QUuid& id) {
-    return m_view->remove(id);
+    return view().remove(id);
 }
 
 StoreResult<bool> SqliteMirrorStorage::isShown(const QUuid& id) {
-    return m_view->isShown(id);
+    return view().isShown(id);
 }
 
 StoreResult<qint64> SqliteMirrorStorage::shownCount() {

@@ -40,6 +40,8 @@ private:
     SqliteMirrorStorage(std::unique_ptr<SqliteConnection> connection,
                         std::shared_ptr<const ManagedObjectModel> model);
 
+    MirrorView& view();
+
     std::unique_ptr<SqliteConnection> m_connection;
     MirrorShape m_shape;
     MirrorTable m_table;

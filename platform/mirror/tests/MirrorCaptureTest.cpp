@@ -163,6 +163,26 @@ TEST_F(MirrorCaptureTest, AnEditOfWhatAnotherDeletedBringsItBackWithItsRelations
     EXPECT_EQ(note->toOne(shelf::Books), book.get());
 }
 
+TEST_F(MirrorCaptureTest, AMemberThatWasCutBeforeItsOwnerCameBackStaysCut) {
+    Device device(path, deviceName);
+    makeBook(device);
+    const auto second = device.make("Book", QStringLiteral("second"));
+    author->addToMany(shelf::Books, *second);
+    device.save();
+    author->removeFromMany(shelf::Books, *book);
+    author->setValue(shelf::Name, QStringLiteral("edited"));
+    auto deleted = device.object(author->objectID()).value();
+    deleted.state.markDeleted(device.now().time);
+    device.put(author->objectID(), deleted);
+    device.save();
+    const auto state = device.state(author->objectID());
+    device.merge();
+    EXPECT_TRUE(state.isAlive());
+    EXPECT_FALSE(state.sets.at(QStringLiteral("books")).at(book->objectID()).isMember);
+    EXPECT_FALSE(author->toMany(shelf::Books).contains(book.get()));
+    EXPECT_TRUE(author->toMany(shelf::Books).contains(second.get()));
+}
+
 TEST_F(MirrorCaptureTest, AWholeThatLivesForItsPartsStaysWhenTheyGo) {
     Device device(path, deviceName);
     makeBook(device);

@@ -85,6 +85,7 @@ void Device::join(const QUuid& id, const ObjectState& state) {
         auto object = mine->value_or(MirroredObject());
         object.state.entity = state.entity;
         object.state.join(state);
+        if (*mine && (*mine)->state == object.state) return {};
         return storage->put(id, object);
     });
     ASSERT_TRUE(done) << done.error().message.toStdString();

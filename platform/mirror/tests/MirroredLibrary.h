@@ -28,7 +28,8 @@ struct Device {
     platform::ObjectState state(const QUuid& id) { return object(id).value().state; }
 
     void put(const QUuid& id, const platform::MirroredObject& object);
-    // Joins a state with what is there.
+    // Joins a state with what is there, and puts it only where that is news, so that nothing is brought up to
+    // date by the way.
     void join(const QUuid& id, const platform::ObjectState& state);
     bool isShown(const QUuid& id);
     std::vector<QUuid> outbox();

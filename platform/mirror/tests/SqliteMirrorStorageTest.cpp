@@ -106,7 +106,7 @@ TEST_F(SqliteMirrorStorageTest, OnlyRowsThatChangeGetANewRevision) {
     };
     device.join(id("book"), bookOf("kept"));
     const auto before = revisions();
-    device.join(id("book"), device.state(id("book")));
+    device.put(id("book"), device.object(id("book")).value());
     auto carried = device.state(id("book"));
     write(carried, "unheard of", 7);
     device.join(id("book"), carried);
