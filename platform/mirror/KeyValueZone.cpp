@@ -41,10 +41,6 @@ std::optional<QVariant> valueIn(const ObjectState& state, const QString& key) {
     return propertyListFromJson(found->second.value->toJsonValue());
 }
 
-bool areSame(const QVariant& a, const QVariant& b) {
-    return jsonFromPropertyList(a) == jsonFromPropertyList(b);
-}
-
 StoreResult<void> written(bool isWritten) {
     if (isWritten) return {};
     return std::unexpected(
@@ -110,7 +106,9 @@ StoreResult<void> KeyValueZone::stampChanges(MirroredObject& object) {
     const auto values = m_values.objects();
     for (const auto& [key, value] : values.asKeyValueRange()) {
         const auto inState = valueIn(object.state, key);
-        if (areSame(value, m_known.object(key)) || (inState && areSame(value, *inState))) continue;
+        if (areSamePropertyLists(value, m_known.object(key)) ||
+            (inState && areSamePropertyLists(value, *inState)))
+            continue;
         if (!stamp) stamp = Stamp{clock.next(m_wall(), object.state.latest().time), progress->device};
         object.state.write(key, *stamp, cborFrom(value));
     }
@@ -129,8 +127,10 @@ void KeyValueZone::apply(const ObjectState& state) {
         if (!value) continue;
         const QVariant known = m_known.object(key);
         // Set here this very moment, it is a change for the next time.
-        if (!areSame(m_values.object(key), *value) && !m_values.replaceObject(key, known, *value)) continue;
-        if (!areSame(known, *value)) m_known.setObject(key, *value);
+        if (!areSamePropertyLists(m_values.object(key), *value) &&
+            !m_values.replaceObject(key, known, *value))
+            continue;
+        if (!areSamePropertyLists(known, *value)) m_known.setObject(key, *value);
     }
 }
 

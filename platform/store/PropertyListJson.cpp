@@ -133,4 +133,11 @@ QVariant propertyListFromJson(const QJsonValue& json) {
     }
 }
 
+bool areSamePropertyLists(const QVariant& a, const QVariant& b) {
+    const auto jsonOf = [](const QVariant& value) {
+        return value.isValid() ? jsonFromPropertyList(value) : QJsonValue();
+    };
+    return jsonOf(a) == jsonOf(b);
+}
+
 } // namespace platform

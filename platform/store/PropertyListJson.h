@@ -20,4 +20,7 @@ QJsonValue jsonFromPropertyList(const QVariant& value);
 
 QVariant propertyListFromJson(const QJsonValue& json);
 
+// Whether two values are the same, types and all. No value at all is the same as null.
+bool areSamePropertyLists(const QVariant& a, const QVariant& b);
+
 } // namespace platform

@@ -107,7 +107,7 @@ bool UbiquitousKeyValueStore::replaceObject(const QString& key, const QVariant& 
     const auto list = propertyListFrom(value);
     if (!list) fatalError("a value that is no property list was set in the key-value store");
     const std::scoped_lock lock(m_mutex);
-    if (jsonFromPropertyList(m_values.value(key)) != jsonFromPropertyList(expected)) return false;
+    if (!areSamePropertyLists(m_values.value(key), expected)) return false;
     m_values.insert(key, *list);
     ++m_revision;
     return true;
