@@ -24,8 +24,8 @@ class Device:
         self.enter(raised=False)
         shows("Languages")
         self.window = wait("the program has no window", self._window)
-        screen.run("xdotool", "windowmove", "--sync", self.window, str(column * (HALF + 10)), "0",
-                   "windowsize", self.window, str(HALF), "760")
+        screen.run("xdotool", "windowmove", "--sync", self.window, str(column * (HALF + 10)), "30",
+                   "windowsize", self.window, str(HALF), "740")
 
     def _window(self):
         return screen.run("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)).split()[-1]
@@ -56,7 +56,7 @@ def new_snippet(title, language):
 
 def add_line(text):
     click("Code")
-    press("ctrl+End")
+    press("ctrl+End", "Return")
     type_text(text)
     press("ctrl+s")
 
@@ -64,7 +64,7 @@ def add_line(text):
 def devices(first, second):
     first.enter()
     new_snippet("Shared", "swift")
-    type_text("let origin = \"the first device\"\n")
+    type_text("let origin = \"the first device\"")
     press("ctrl+s")
 
     second.enter()
@@ -72,7 +72,7 @@ def devices(first, second):
     click("swift")
     click("Shared")
     shows_text("the first device")
-    add_line("let answer = \"the second device\"\n")
+    add_line("let answer = \"the second device\"")
 
     first.enter()
     shows_text("the second device")
@@ -81,10 +81,10 @@ def devices(first, second):
 
     # Both type into one text, and neither has seen the other's line.
     click("Code")
-    press("ctrl+Home")
-    type_text("// At the top, by the first.\n")
+    press("ctrl+Home", "Return", "Up")
+    type_text("// At the top, by the first.")
     second.enter()
-    add_line("// At the end, by the second.\n")
+    add_line("// At the end, by the second.")
     first.enter()
     press("ctrl+s")
     for device in (first, second):

@@ -38,6 +38,7 @@ class Server:
              "-c", "listen_addresses=127.0.0.1", "-c", "fsync=off"],
             user=self.user, cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self._run("pg_isready", "--host", self.folder, "--port", str(self.port), tries=200)
+        self._sql("postgres", "CREATE ROLE quillet_users NOLOGIN")
         self._sql("postgres", "CREATE DATABASE quillet")
         self._sql("quillet", pathlib.Path(schema).read_text(encoding="utf-8"))
         self._sql("quillet", f"CREATE ROLE ada LOGIN PASSWORD '{PASSWORD}' IN ROLE quillet_users")
