@@ -14,15 +14,15 @@ public:
         m_times.insert(std::ranges::upper_bound(m_times, milliseconds), milliseconds);
     }
 
-    double median() const { return at(0.5); }
+    double median() const { return quantile(0.5); }
 
-    double p99() const { return at(0.99); }
+    double p99() const { return quantile(0.99); }
 
-private:
-    double at(double quantile) const {
-        return m_times[static_cast<std::size_t>(quantile * static_cast<double>(m_times.size() - 1) + 0.5)];
+    double quantile(double part) const {
+        return m_times[static_cast<std::size_t>(part * static_cast<double>(m_times.size() - 1) + 0.5)];
     }
 
+private:
     std::vector<double> m_times; // ascending
 };
 
