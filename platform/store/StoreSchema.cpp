@@ -128,10 +128,9 @@ QStringList commonTables(int fileVersion) {
 
 QStringList mirrorTables() {
     return {
-        QStringLiteral(
-            "CREATE TABLE \"_Mirror\" (id BLOB PRIMARY KEY NOT NULL, state BLOB NOT NULL, "
-            "dead INTEGER NOT NULL, change INTEGER NOT NULL, revision INTEGER NOT NULL, "
-            "reading INTEGER NOT NULL, sent INTEGER NOT NULL, bases BLOB, parked BLOB) STRICT"),
+        QStringLiteral("CREATE TABLE \"_Mirror\" (id BLOB PRIMARY KEY NOT NULL, state BLOB NOT NULL, "
+                       "dead INTEGER NOT NULL, change INTEGER NOT NULL, revision INTEGER NOT NULL, "
+                       "reading INTEGER NOT NULL, sent INTEGER NOT NULL, bases BLOB, parked BLOB) STRICT"),
         QStringLiteral("CREATE INDEX \"_Mirror_change\" ON \"_Mirror\" (change) WHERE change > 0"),
         QStringLiteral("CREATE INDEX \"_Mirror_dead\" ON \"_Mirror\" (revision) WHERE dead > 0"),
         QStringLiteral("CREATE TABLE \"_MirrorLinks\" (source BLOB NOT NULL, target BLOB NOT NULL, "

@@ -15,12 +15,12 @@ namespace platform {
 // "_Deleted" names the objects that are gone and the revision that removed them, "_Metadata" holds the model,
 // its hash and version, and the revision: a counter that every transaction increments.
 //
-// The mirror's tables are empty where nothing mirrors the store. "_Mirror" has an entry for every object that is
-// or was: its state (platform/mirror/ObjectState.h; attributes that are as in the object's row left out),
+// The mirror's tables are empty where nothing mirrors the store. "_Mirror" has an entry for every object that
+// is or was: its state (platform/mirror/ObjectState.h; attributes that are as in the object's row left out),
 // whether it is dead by itself, its place in the outbox ("change", 0 outside), what is known of the server's
-// record of it ("revision", "reading", "sent"), and, mostly absent, the bases of its changed texts and a record
-// that could not be read. "_MirrorLinks" names, for objects that have a row, the targets in their states that
-// have none; it may name more. "_MirrorState" holds where the mirror stands.
+// record of it ("revision", "reading", "sent"), and, mostly absent, the bases of its changed texts and a
+// record that could not be read. "_MirrorLinks" names, for objects that have a row, the targets in their
+// states that have none; it may name more. "_MirrorState" holds where the mirror stands.
 //
 // Version 1 of the file had no tables of the mirror; it is brought to version 2 when a store is opened.
 //
