@@ -6,6 +6,8 @@
 #include "platform/store/ObjectColumns.h"
 #include "platform/store/StoredValue.h"
 
+#include <algorithm>
+
 namespace platform {
 
 namespace {

@@ -3,8 +3,6 @@
 #include "platform/mirror/MirrorValue.h"
 #include "platform/store/StoredValue.h"
 
-#include <algorithm>
-
 namespace platform {
 
 namespace {
