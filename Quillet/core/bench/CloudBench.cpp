@@ -15,9 +15,11 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QEventLoop>
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
 
 #include <cstdio>
 #include <sys/resource.h>
@@ -154,10 +156,9 @@ void measure(Cloud::Kind kind, CoreDataStack& first, CoreDataStack& second,
     std::printf("\nfrom a save to the other device's list, ms: p50 %.1f, p95 %.1f, p99 %.1f (%d samples)\n",
                 propagation.median(), propagation.quantile(0.95), propagation.p99(), edits);
     const double before = cpuMilliseconds();
-    QElapsedTimer idle;
-    idle.start();
-    while (idle.elapsed() < idleSeconds * 1'000)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1'000);
+    QEventLoop idle;
+    QTimer::singleShot(idleSeconds * 1'000, &idle, &QEventLoop::quit);
+    idle.exec();
     std::printf("two idle devices: %.2f ms of CPU a second\n", (cpuMilliseconds() - before) / idleSeconds);
     first.stopMirroring();
     second.stopMirroring();
