@@ -76,6 +76,7 @@ struct ZonePush {
     QUuid epoch;                 // as seen; null together with newEpoch where the server has none
     QUuid newEpoch;              // of a history that begins here
     qint64 expectedRevision = 0; // as seen
+    QUuid expectedTag;           // of that revision, as seen; null for 0
     QUuid tag;                   // of the revision that this makes; chosen by the pusher
 
     // A device signs in with the tag of its last push, or of the one before where it never learnt the

@@ -70,7 +70,7 @@ MirrorResult<void> MirrorPull::startReading(const ZoneHead& head, Finding why) {
         progress.tag = {};
         return {};
     }));
-    return {};
+    return m_identity.announce();
 }
 
 MirrorResult<void> MirrorPull::take(const MirrorProgress& asked, const ZoneChanges& page) {

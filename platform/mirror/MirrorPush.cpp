@@ -94,6 +94,7 @@ StoreResult<void> MirrorPush::sign(Batch& batch, MirrorProgress& progress) {
     push.epoch = progress.epoch;
     if (push.epoch.isNull()) push.newEpoch = m_environment.random();
     push.expectedRevision = progress.position.revision;
+    push.expectedTag = progress.tag;
     push.tag = m_environment.random();
     push.device = progress.device;
     push.lastTag = progress.lastTag;

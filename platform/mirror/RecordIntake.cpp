@@ -71,7 +71,9 @@ StoreResult<void> RecordIntake::join(const QUuid& id, MirroredObject object, con
     return keepLostTexts(id, merge);
 }
 
+// In a dead object both texts were deleted by somebody who had seen them.
 StoreResult<void> RecordIntake::keepLostTexts(const QUuid& id, const StateMerge& merge) {
+    if (!merge.state.isAlive()) return {};
     for (const LostText& lost : merge.lost)
         STORE_TRY(keep({id, merge.state, lost.property, lost.value, lost.stamp}));
     return {};
