@@ -53,7 +53,8 @@ MirrorPull::Finding MirrorPull::judge(const MirrorProgress& progress, const Zone
                                (position.revision == 0 || page.isKnownHistory);
     if (!isSameHistory) return Finding::OtherHistory;
     const bool readsSinceHorizon = progress.isReadingFully && page.head.horizon == progress.horizon;
-    if (position.revision < page.head.horizon && !readsSinceHorizon) return Finding::MissedDeletions;
+    const ZonePosition horizon{page.head.horizon, {}};
+    if (position < horizon && !readsSinceHorizon) return Finding::MissedDeletions;
     const bool leadsOn = page.hasMore ? page.position > position : page.position >= position;
     return leadsOn ? Finding::Next : Finding::Nothing;
 }

@@ -99,6 +99,7 @@ void Simulation::addDevice(const Storage* original) {
 
 // What both have not sent yet has one name on either and may come back when the other deletes it.
 void Simulation::addClone(const Device& original) {
+    m_hasOldThings = true; // nobody waits for it until it has a name of its own
     m_hasSharedChanges = m_hasSharedChanges ||
                          std::ranges::any_of(original.storage.rows,
                                              [](const auto& row) { return row.second.object.change != 0; });
@@ -151,6 +152,11 @@ void Simulation::actOnServer() {
 
 void Simulation::restore() {
     m_hasOldThings = true;
+    // A device whose push was taken back without its knowledge takes a new name, and sends again what others
+    // have under the old one.
+    m_hasSharedChanges = m_hasSharedChanges || std::ranges::any_of(m_devices, [](const auto& device) {
+                             return device->isSyncing || !device->storage.status.unconfirmedTags.empty();
+                         });
     if (!m_backups.empty() && m_random.below(4) != 0) {
         m_backups.resize(1 + m_random.below(static_cast<int>(m_backups.size())));
         m_server = m_backups.back();

@@ -89,9 +89,9 @@ private:
     int m_depth = 0;
     int m_storm = 0; // calls that fail from now on
     bool m_isQuiet = false;
-    bool m_hasSharedChanges = false; // a device was copied with what it had not sent
+    bool m_hasSharedChanges = false; // one change may be known under two names
     bool m_hasCollected = false;
-    bool m_hasOldThings = false; // an old server or a long absent device came back
+    bool m_hasOldThings = false; // an old server, a long absent device or a copy came back
 };
 
 } // namespace simulation
