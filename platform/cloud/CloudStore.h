@@ -126,7 +126,8 @@ public:
     // UnknownItem where no record refers to it any more.
     virtual CloudResult<QByteArray> asset(const QByteArray& hash) = 0;
 
-    // How far the device has read. Does not count as a change.
+    // How far the device has read, which may be less than it was; makes its entry where there is none, also
+    // where nobody has ever written. Does not count as a change.
     virtual CloudResult<void> reportDevice(const QString& zone, const QUuid& device, qint64 revision) = 0;
     virtual CloudResult<std::vector<DeviceEntry>> devices(const QString& zone) = 0;
     virtual CloudResult<void> forgetDevice(const QString& zone, const QUuid& device) = 0;

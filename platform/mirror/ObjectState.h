@@ -61,9 +61,9 @@ struct ObjectState {
     // whole that was deleted): who has the other objects at hand decides that.
     bool isAlive() const;
 
-    // Of all writes; time 0 where there are none.
+    // Of all that stands; time 0 where there is nothing.
     Stamp latest() const;
-    VersionVector writes() const;
+    VersionVector writes() const;         // the history, and the merges that stand
     VersionVector standingWrites() const; // those that the registers and sets still tell of
 
     void write(const QString& property, const Stamp& stamp, QCborValue value);

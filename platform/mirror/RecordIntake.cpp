@@ -8,14 +8,6 @@ namespace platform {
 
 namespace {
 
-// Merged texts that differ from the server's, with the server's.
-std::map<QString, Register> basesOf(const ObjectState& mine, const ObjectState& server) {
-    std::map<QString, Register> bases;
-    for (const auto& [property, entry] : server.registers)
-        if (!entry.seen.isEmpty() && mine.registers.at(property) != entry) bases.emplace(property, entry);
-    return bases;
-}
-
 // Whether the value decides nothing, as a later plain one stands already.
 bool isSuperseded(const Register& theirs, const Register& mine) {
     return theirs.seen.isEmpty() && mine.stamp > theirs.stamp;

@@ -59,4 +59,14 @@ StateMerge mergeStates(const ObjectState& mine, const std::map<QString, Register
     return merge;
 }
 
+std::map<QString, Register> basesOf(const ObjectState& mine, const ObjectState& server) {
+    std::map<QString, Register> bases;
+    for (const auto& [property, entry] : server.registers) {
+        const auto own = mine.registers.find(property);
+        if (!entry.seen.isEmpty() && own != mine.registers.end() && own->second != entry)
+            bases.emplace(property, entry);
+    }
+    return bases;
+}
+
 } // namespace platform

@@ -28,4 +28,7 @@ using StampSource = std::function<Stamp(std::uint64_t atLeast)>;
 StateMerge mergeStates(const ObjectState& mine, const std::map<QString, Register>& bases,
                        const ObjectState& theirs, const StampSource& newStamp);
 
+// The server's merged texts of which the local state has others.
+std::map<QString, Register> basesOf(const ObjectState& mine, const ObjectState& server);
+
 } // namespace platform
