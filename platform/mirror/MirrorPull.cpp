@@ -97,6 +97,7 @@ StoreResult<void> MirrorPull::advance(MirrorProgress& progress, const ZoneChange
 }
 
 StoreResult<void> MirrorPull::finishReading(MirrorProgress& progress) {
+    STORE_TRY(dropLostRecords(progress));
     const auto unmet = m_environment.storage.notMetBy(progress.reading);
     if (!unmet) return std::unexpected(unmet.error());
     const auto isMuch = isTooMuch(*unmet);
@@ -106,6 +107,21 @@ StoreResult<void> MirrorPull::finishReading(MirrorProgress& progress) {
         STORE_TRY(settleUnmet(id, progress, isReconciling));
     progress.isReadingFully = false;
     progress.isReconciling = false;
+    return {};
+}
+
+// Records whose assets were lost, and which are no longer there: what is known here goes on without them.
+StoreResult<void> MirrorPull::dropLostRecords(const MirrorProgress& progress) {
+    const auto ids = m_environment.storage.parked();
+    if (!ids) return std::unexpected(ids.error());
+    for (const QUuid& id : *ids) {
+        auto object = m_environment.storage.object(id);
+        if (!object) return std::unexpected(object.error());
+        if (!*object || (*object)->reading >= progress.reading || !decodeState((*object)->parked)) continue;
+        (*object)->parked.clear();
+        const bool isKnown = !(*object)->state.entity.isEmpty();
+        STORE_TRY(isKnown ? m_environment.storage.put(id, **object) : m_environment.storage.remove(id));
+    }
     return {};
 }
 

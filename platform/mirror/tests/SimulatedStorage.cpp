@@ -107,7 +107,8 @@ StoreResult<void> Storage::put(const QUuid& id, const MirroredObject& object) {
 StoreResult<void> Storage::remove(const QUuid& id) {
     onStep();
     remember(id);
-    if (rows.contains(id) && rows[id].object.state.isAlive()) fatalError("a living object was to be removed");
+    const auto& state = rows[id].object.state;
+    if (!state.entity.isEmpty() && state.isAlive()) fatalError("a living object was to be removed");
     rows.erase(id);
     return {};
 }

@@ -115,6 +115,21 @@ TEST_F(UnreadableRecordTest, AnAssetThatIsGoneParksItsRecordUntilTheNextOne) {
     EXPECT_EQ(object(first).state, noteOf(QString(70'000, u'y'), 6));
 }
 
+TEST_F(UnreadableRecordTest, ARecordThatIsGoneWithItsAssetHoldsNothingBack) {
+    serve(second, encodeState(noteOf(QStringLiteral("old"))));
+    const Server backup = server;
+    serve(first, encodeState(noteOf(QString(70'000, u'x'))));
+    storage.rows[first].object.state = noteOf(QStringLiteral("local"), 3);
+    storage.rows[first].object.change = ++storage.changes;
+    server.assets.clear();
+    ASSERT_TRUE(mirror().sync());
+    EXPECT_FALSE(object(first).parked.isEmpty());
+    server = backup;
+    ASSERT_TRUE(mirror().sync());
+    EXPECT_EQ(decodeState(server.rows.at(first.toString(QUuid::WithoutBraces)).record.payload),
+              noteOf(QStringLiteral("local"), 3));
+}
+
 TEST_F(UnreadableRecordTest, AnAbsurdTimeIsNoTime) {
     serve(first, encodeState(noteOf(QStringLiteral("far"), HybridClock::latestTime + 1)));
     ASSERT_TRUE(mirror().sync());
