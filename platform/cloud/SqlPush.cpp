@@ -46,8 +46,9 @@ CloudResult<void> sign(SqlConnection& connection, qint64 revision, const QUuid& 
 // The revision that the push makes; nothing where it is not on top of the head.
 CloudResult<std::optional<qint64>> advanceFrom(SqlConnection& connection, const ZonePush& push) {
     if (!push.epoch.isNull())
-        return increment(connection, QStringLiteral(" AND epoch = ? AND revision = ?"),
-                         {sqlValue(push.tag), sqlValue(push.epoch), push.expectedRevision});
+        return increment(
+            connection, QStringLiteral(" AND epoch = ? AND revision = ? AND tag = ?"),
+            {sqlValue(push.tag), sqlValue(push.epoch), push.expectedRevision, sqlValue(push.expectedTag)});
     return beginHistory(connection, push.newEpoch, push.tag);
 }
 

@@ -10,7 +10,7 @@ constexpr WallTime day = 24 * 60 * 60 * 1000;
 constexpr WallTime latestWall = 7'258'118'400'000; // the year 2200
 
 bool isFollowed(std::uint64_t time, WallTime wall) {
-    return time <= HybridClock::fromWall(wall + day);
+    return time <= HybridClock::fromWall(std::min(wall, latestWall) + day);
 }
 
 } // namespace

@@ -12,8 +12,10 @@ using WallTime = std::int64_t;
 // the object that carries it, and no other.
 class HybridClock {
 public:
-    // No correct device writes later times; a record that has one is malformed.
-    static constexpr std::uint64_t latestTime = std::uint64_t{7'289'654'400'000} << 16; // the year 2201
+    // No correct device writes later times: a record that has one is malformed. Behind the year 2200, which a
+    // wall's clock shows at most, there is room for the writes that follow a record's latest time.
+    static constexpr std::uint64_t latestRecordTime = std::uint64_t{7'258'118'400'000} << 16; // the year 2200
+    static constexpr std::uint64_t latestTime = std::uint64_t{7'289'654'400'000} << 16;       // the year 2201
 
     explicit HybridClock(std::uint64_t last = 0)
         : m_last(last) {}

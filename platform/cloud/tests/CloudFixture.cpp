@@ -54,6 +54,7 @@ ZonePush Device::pushOf(std::vector<ZoneRecord> records) const {
     push.epoch = epoch;
     push.newEpoch = epoch.isNull() ? QUuid::createUuid() : QUuid();
     push.expectedRevision = position.revision;
+    push.expectedTag = tag;
     push.tag = QUuid::createUuid();
     push.device = m_device;
     push.lastTag = m_lastTag;
