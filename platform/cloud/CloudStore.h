@@ -76,6 +76,7 @@ struct ZonePush {
     QUuid epoch;                 // as seen; null together with newEpoch where the server has none
     QUuid newEpoch;              // of a history that begins here
     qint64 expectedRevision = 0; // as seen
+    QUuid expectedTag;           // of that revision, as seen; null for 0
     QUuid tag;                   // of the revision that this makes; chosen by the pusher
 
     // A device signs in with the tag of its last push, or of the one before where it never learnt the
@@ -125,7 +126,8 @@ public:
     // UnknownItem where no record refers to it any more.
     virtual CloudResult<QByteArray> asset(const QByteArray& hash) = 0;
 
-    // How far the device has read. Does not count as a change.
+    // How far the device has read, which may be less than it was; makes its entry where there is none, also
+    // where nobody has ever written. Does not count as a change.
     virtual CloudResult<void> reportDevice(const QString& zone, const QUuid& device, qint64 revision) = 0;
     virtual CloudResult<std::vector<DeviceEntry>> devices(const QString& zone) = 0;
     virtual CloudResult<void> forgetDevice(const QString& zone, const QUuid& device) = 0;

@@ -19,6 +19,15 @@ MirrorResult<void> DeviceIdentity::check() {
     const auto mine = std::ranges::find(*entries, progress->device, &DeviceEntry::device);
     if (mine == entries->end() || mine->lastTag.isNull() || mine->lastTag == progress->lastTag) return {};
     MIRROR_TRY(learn(mine->lastTag));
+    return announce();
+}
+
+MirrorResult<void> DeviceIdentity::announce() {
+    const auto progress = readProgress(m_environment);
+    if (!progress) return std::unexpected(progress.error());
+    const ZonePosition& position = progress->position;
+    const qint64 readWhole = position.name.isEmpty() ? position.revision : position.revision - 1;
+    MIRROR_TRY(m_environment.cloud.reportDevice(m_environment.zone, progress->device, readWhole));
     return {};
 }
 

@@ -14,6 +14,8 @@ public:
         : m_environment(environment) {}
 
     StoreResult<void> ensure();
+    // Tells the server how far this device has read, so that nothing that it has not is collected.
+    MirrorResult<void> announce();
     // What was read from the server before is then known to hold no other's writes under this name.
     MirrorResult<void> check();
 

@@ -21,7 +21,9 @@ Mirror::Mirror(CloudStore& cloud, MirrorStorage& storage, const MirrorPolicy& po
     : m_environment{cloud, storage, policy, std::move(zone), std::move(wall), std::move(random)} {}
 
 MirrorResult<SyncResult> Mirror::sync() {
-    MIRROR_TRY(DeviceIdentity(m_environment).ensure());
+    DeviceIdentity identity(m_environment);
+    MIRROR_TRY(identity.ensure());
+    if (!m_reportTime) MIRROR_TRY(identity.announce());
     MirrorPull pull(m_environment);
     if (!m_hasTriedParked) MIRROR_TRY(pull.retryParked());
     m_hasTriedParked = true;
@@ -60,7 +62,7 @@ MirrorResult<void> Mirror::report() {
     const qint64 revision = progress->position.revision;
     const WallTime now = m_environment.wall();
     if (revision == m_reported || !isDue(m_reportTime, m_environment.policy.reportInterval, now)) return {};
-    MIRROR_TRY(m_environment.cloud.reportDevice(m_environment.zone, progress->device, revision));
+    MIRROR_TRY(DeviceIdentity(m_environment).announce());
     m_reported = revision;
     m_reportTime = now;
     return {};

@@ -53,7 +53,8 @@ MirrorPull::Finding MirrorPull::judge(const MirrorProgress& progress, const Zone
                                (position.revision == 0 || page.isKnownHistory);
     if (!isSameHistory) return Finding::OtherHistory;
     const bool readsSinceHorizon = progress.isReadingFully && page.head.horizon == progress.horizon;
-    if (position.revision < page.head.horizon && !readsSinceHorizon) return Finding::MissedDeletions;
+    const ZonePosition horizon{page.head.horizon, {}};
+    if (position < horizon && !readsSinceHorizon) return Finding::MissedDeletions;
     const bool leadsOn = page.hasMore ? page.position > position : page.position >= position;
     return leadsOn ? Finding::Next : Finding::Nothing;
 }
@@ -70,7 +71,7 @@ MirrorResult<void> MirrorPull::startReading(const ZoneHead& head, Finding why) {
         progress.tag = {};
         return {};
     }));
-    return {};
+    return m_identity.announce();
 }
 
 MirrorResult<void> MirrorPull::take(const MirrorProgress& asked, const ZoneChanges& page) {
@@ -96,6 +97,7 @@ StoreResult<void> MirrorPull::advance(MirrorProgress& progress, const ZoneChange
 }
 
 StoreResult<void> MirrorPull::finishReading(MirrorProgress& progress) {
+    STORE_TRY(dropLostRecords(progress));
     const auto unmet = m_environment.storage.notMetBy(progress.reading);
     if (!unmet) return std::unexpected(unmet.error());
     const auto isMuch = isTooMuch(*unmet);
@@ -105,6 +107,21 @@ StoreResult<void> MirrorPull::finishReading(MirrorProgress& progress) {
         STORE_TRY(settleUnmet(id, progress, isReconciling));
     progress.isReadingFully = false;
     progress.isReconciling = false;
+    return {};
+}
+
+// Records whose assets were lost, and which are no longer there: what is known here goes on without them.
+StoreResult<void> MirrorPull::dropLostRecords(const MirrorProgress& progress) {
+    const auto ids = m_environment.storage.parked();
+    if (!ids) return std::unexpected(ids.error());
+    for (const QUuid& id : *ids) {
+        auto object = m_environment.storage.object(id);
+        if (!object) return std::unexpected(object.error());
+        if (!*object || (*object)->reading >= progress.reading || !decodeState((*object)->parked)) continue;
+        (*object)->parked.clear();
+        const bool isKnown = !(*object)->state.entity.isEmpty();
+        STORE_TRY(isKnown ? m_environment.storage.put(id, **object) : m_environment.storage.remove(id));
+    }
     return {};
 }
 

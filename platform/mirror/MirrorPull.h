@@ -33,6 +33,7 @@ private:
     MirrorResult<void> take(const MirrorProgress& asked, const ZoneChanges& page);
     StoreResult<void> advance(MirrorProgress& progress, const ZoneChanges& page);
     StoreResult<void> finishReading(MirrorProgress& progress);
+    StoreResult<void> dropLostRecords(const MirrorProgress& progress);
     StoreResult<bool> isTooMuch(const std::vector<QUuid>& vanished);
     StoreResult<void> settleUnmet(const QUuid& id, const MirrorProgress& progress, bool isReconciling);
     StoreResult<void> removeCollected(const QUuid& id, MirroredObject object);

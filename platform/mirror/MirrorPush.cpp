@@ -2,6 +2,7 @@
 
 #include "platform/mirror/DeliberateFaults.h"
 #include "platform/mirror/RecordCodec.h"
+#include "platform/mirror/StateMerge.h"
 
 #include <algorithm>
 
@@ -14,14 +15,6 @@ constexpr std::size_t mostUnconfirmed = 16;
 
 QString nameOf(const QUuid& id) {
     return id.toString(QUuid::WithoutBraces);
-}
-
-// Merged texts that have moved on from what was sent, with what was sent.
-std::map<QString, Register> basesOf(const ObjectState& now, const ObjectState& sent) {
-    std::map<QString, Register> bases;
-    for (const auto& [property, entry] : sent.registers)
-        if (!entry.seen.isEmpty() && now.registers.at(property) != entry) bases.emplace(property, entry);
-    return bases;
 }
 
 } // namespace
@@ -94,6 +87,7 @@ StoreResult<void> MirrorPush::sign(Batch& batch, MirrorProgress& progress) {
     push.epoch = progress.epoch;
     if (push.epoch.isNull()) push.newEpoch = m_environment.random();
     push.expectedRevision = progress.position.revision;
+    push.expectedTag = progress.tag;
     push.tag = m_environment.random();
     push.device = progress.device;
     push.lastTag = progress.lastTag;

@@ -68,7 +68,7 @@ public:
     virtual StoreResult<std::optional<MirroredObject>> object(const QUuid& id) = 0;
     // Also brings what the user sees to what the state says, as far as the local model knows it.
     virtual StoreResult<void> put(const QUuid& id, const MirroredObject& object) = 0;
-    // Of an object that is dead by itself: all that is known of it.
+    // All that is known of an object, which is dead by itself or has no entity and no writes.
     virtual StoreResult<void> remove(const QUuid& id) = 0;
 
     // Whether the user sees the object.

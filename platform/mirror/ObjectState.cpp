@@ -51,7 +51,7 @@ void joinUnknown(QCborMap& mine, const QCborMap& other) {
 
 bool ObjectState::isAlive() const {
     if (faults::deletionAlwaysWins) return deletionSeen.isEmpty();
-    return deletionSeen.isEmpty() || !deletionSeen.covers(writes());
+    return deletionSeen.isEmpty() || !deletionSeen.covers(history);
 }
 
 Stamp ObjectState::latest() const {
@@ -90,8 +90,15 @@ void ObjectState::write(const QString& property, const Stamp& stamp, QCborValue 
 }
 
 void ObjectState::writeText(const QString& property, const Stamp& stamp, QCborValue value) {
-    write(property, stamp, std::move(value));
-    registers[property].seen.add(stamp);
+    mergeText(property, stamp, std::move(value));
+    history.add(stamp);
+}
+
+void ObjectState::mergeText(const QString& property, const Stamp& stamp, QCborValue value) {
+    auto& entry = registers[property];
+    entry.stamp = stamp;
+    entry.value = std::move(value);
+    entry.seen.add(stamp);
 }
 
 void ObjectState::setMember(const QString& relationship, const QUuid& target, const Stamp& stamp,
@@ -105,13 +112,12 @@ void ObjectState::touch(const Stamp& stamp) {
 }
 
 void ObjectState::markDeleted(std::uint64_t time) {
-    deletionSeen.add(writes());
+    deletionSeen.add(history);
     deletionTime = std::max(deletionTime, time);
 }
 
 void ObjectState::join(const ObjectState& other) {
     entity = std::max(entity, other.entity);
-    history.add(writes()); // what is about to be replaced included
     for (const auto& [property, entry] : other.registers) {
         const auto [mine, isNew] = registers.try_emplace(property, entry);
         if (!isNew) joinRegister(mine->second, entry);
@@ -121,7 +127,7 @@ void ObjectState::join(const ObjectState& other) {
             const auto [mine, isNew] = sets[relationship].try_emplace(target, element);
             if (!isNew) joinElement(mine->second, element);
         }
-    history.add(other.writes());
+    history.add(other.history);
     deletionSeen.add(other.deletionSeen);
     deletionTime = std::max(deletionTime, other.deletionTime);
     joinUnknown(unknown, other.unknown);

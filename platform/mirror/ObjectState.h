@@ -48,7 +48,9 @@ struct ObjectState {
     QString entity;
     std::map<QString, Register> registers;
     std::map<QString, std::map<QUuid, Element>> sets; // of a to-many relationship's owning end, by target
-    VersionVector history;      // every write that was made, those included that others have replaced
+    // Every write that somebody made, those included that others have replaced; not the merges of texts,
+    // which are nobody's and keep nothing alive.
+    VersionVector history;
     VersionVector deletionSeen; // empty: never deleted
     // The hybrid time of the latest deletion, for the age of a tombstone alone.
     std::uint64_t deletionTime = 0;
@@ -59,14 +61,16 @@ struct ObjectState {
     // whole that was deleted): who has the other objects at hand decides that.
     bool isAlive() const;
 
-    // Of all writes; time 0 where there are none.
+    // Of all that stands; time 0 where there is nothing.
     Stamp latest() const;
-    VersionVector writes() const;
+    VersionVector writes() const;         // the history, and the merges that stand
     VersionVector standingWrites() const; // those that the registers and sets still tell of
 
     void write(const QString& property, const Stamp& stamp, QCborValue value);
     // As write(), for a text that is merged.
     void writeText(const QString& property, const Stamp& stamp, QCborValue value);
+    // As writeText(), by nobody's hand.
+    void mergeText(const QString& property, const Stamp& stamp, QCborValue value);
     void setMember(const QString& relationship, const QUuid& target, const Stamp& stamp, bool isMember);
     // A write without a value, which brings a dead object back.
     void touch(const Stamp& stamp);

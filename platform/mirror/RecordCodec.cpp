@@ -121,8 +121,7 @@ public:
             writer.append(qint64{DeletionTime});
             writer.append(quint64{m_state.deletionTime});
         }
-        if (const auto writes = m_state.writes(); writes != m_state.standingWrites())
-            writeVector(writer, History, writes);
+        if (m_state.history != m_state.standingWrites()) writeVector(writer, History, m_state.history);
         for (const auto& [key, value] : m_state.unknown) {
             QCborValue(key).toCbor(writer);
             QCborValue(value).toCbor(writer);
@@ -204,8 +203,8 @@ public:
         readSets();
         if (m_map.contains(qint64{Deletion})) m_state.deletionSeen = vectorOf(m_map.value(Deletion));
         if (m_map.contains(qint64{DeletionTime})) m_state.deletionTime = timeOf(m_map.value(DeletionTime));
-        m_state.history = m_map.contains(qint64{History}) ? vectorOf(m_map.value(History)) : VersionVector();
-        m_state.history.add(m_state.standingWrites());
+        m_state.history =
+            m_map.contains(qint64{History}) ? vectorOf(m_map.value(History)) : m_state.standingWrites();
         readUnknown();
         return m_isGood ? std::optional(std::move(m_state)) : std::nullopt;
     }

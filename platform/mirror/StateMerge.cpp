@@ -39,14 +39,6 @@ TextJoin joinTexts(const std::optional<QString>& base, const Register& earlier, 
     return {merged.text == *laterText ? *later.value : textValue(merged.text), merged.isConflict};
 }
 
-// A write by nobody's hand: a deletion that saw everything saw this too.
-void writeMerged(ObjectState& state, const QString& property, QCborValue value, const StampSource& newStamp) {
-    const bool wasAlive = state.isAlive();
-    const Stamp stamp = newStamp(state.latest().time);
-    state.writeText(property, stamp, std::move(value));
-    if (!wasAlive) state.deletionSeen.add(stamp);
-}
-
 } // namespace
 
 StateMerge mergeStates(const ObjectState& mine, const std::map<QString, Register>& bases,
@@ -61,9 +53,20 @@ StateMerge mergeStates(const ObjectState& mine, const std::map<QString, Register
             std::minmax(found->second, other, [](const auto& a, const auto& b) { return a.stamp < b.stamp; });
         TextJoin join = joinTexts(commonText(bases, property, found->second, other), earlier, later);
         if (join.isConflict) merge.lost.push_back({property, *earlier.value, earlier.stamp});
-        if (join.value != *later.value) writeMerged(merge.state, property, std::move(join.value), newStamp);
+        if (join.value != *later.value)
+            merge.state.mergeText(property, newStamp(merge.state.latest().time), std::move(join.value));
     }
     return merge;
+}
+
+std::map<QString, Register> basesOf(const ObjectState& mine, const ObjectState& server) {
+    std::map<QString, Register> bases;
+    for (const auto& [property, entry] : server.registers) {
+        const auto own = mine.registers.find(property);
+        if (!entry.seen.isEmpty() && own != mine.registers.end() && own->second != entry)
+            bases.emplace(property, entry);
+    }
+    return bases;
 }
 
 } // namespace platform
