@@ -17,6 +17,8 @@ AppDelegate::~AppDelegate() {
     m_coreDataStack->save(SaveReason::AppTermination);
     defaultKeyValueStore().synchronize();
     m_coreDataStack->stopMirroring();
+    // Nobody is in a save's way any more.
+    if (m_coreDataStack->viewContext().hasChanges()) m_coreDataStack->saveContext();
 }
 
 void AppDelegate::didFinishLaunching() {

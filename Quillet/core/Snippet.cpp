@@ -85,10 +85,10 @@ std::vector<std::shared_ptr<Segment>> Snippet::sortedSegments() const {
     std::vector<std::shared_ptr<Segment>> segments;
     for (auto* segment : toMany(Segments))
         segments.push_back(std::static_pointer_cast<Segment>(segment->shared_from_this()));
-    std::ranges::stable_sort(segments, [](const auto& a, const auto& b) {
-        return a->creationDate().value_or(QDateTime::currentDateTimeUtc()) <
-               b->creationDate().value_or(QDateTime::currentDateTimeUtc());
-    });
+    // One moment for all: a clock that moves between two comparisons would be no order.
+    const auto now = QDateTime::currentDateTimeUtc();
+    std::ranges::stable_sort(segments, {},
+                             [&now](const auto& segment) { return segment->creationDate().value_or(now); });
     return segments;
 }
 

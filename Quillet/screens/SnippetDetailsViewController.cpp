@@ -1,11 +1,13 @@
 #include "Quillet/screens/SnippetDetailsViewController.h"
 
+#include "Quillet/core/Segment.h"
 #include "Quillet/core/SnippetService.h"
 #include "Quillet/core/UserSettings.h"
 #include "Quillet/screens/AlertMaker.h"
 #include "Quillet/screens/Languages.h"
 #include "Quillet/screens/ListWithSelectionViewController.h"
 #include "Quillet/screens/SheetBar.h"
+#include "platform/foundation/TextMerge.h"
 #include "platform/screens/Palette.h"
 #include "platform/screens/Sheet.h"
 #include "platform/screens/Symbol.h"
@@ -106,6 +108,9 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
         m_nameField->setText(m_snippet->title());
         m_notesField->setPlainText(m_snippet->notes());
         showLanguage(m_snippet->language().value_or(QString()));
+        m_openedTitle = m_nameField->text();
+        m_openedNotes = m_notesField->toPlainText();
+        m_openedLanguage = m_language;
     } else {
         showLanguage(UserSettings::shared().lastLanguage.value().value_or(QString()));
     }
@@ -134,6 +139,16 @@ std::optional<QString> SnippetDetailsViewController::importedCode() const {
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
+void SnippetDetailsViewController::writeChanges() {
+    if (m_nameField->text() != m_openedTitle) m_snippet->setTitle(m_nameField->text());
+    if (m_language != m_openedLanguage) m_snippet->setLanguage(m_language);
+    const QString notes = m_notesField->toPlainText();
+    if (notes == m_openedNotes) return;
+    const auto merged = platform::mergeTexts(m_openedNotes, m_snippet->notes(), notes);
+    if (merged.isConflict && m_snippet->context()) Segment::keepConflicting(*m_snippet, m_snippet->notes());
+    m_snippet->setNotes(merged.text);
+}
+
 void SnippetDetailsViewController::save() {
     const QString title = m_nameField->text();
     if (isEmpty(title) || isEmpty(m_language)) {
@@ -144,9 +159,7 @@ void SnippetDetailsViewController::save() {
     if (isNew) {
         m_snippet = Snippet::create(title, m_notesField->toPlainText(), QStringLiteral(""), m_language);
     } else {
-        m_snippet->setTitle(title);
-        m_snippet->setLanguage(m_language);
-        m_snippet->setNotes(m_notesField->toPlainText());
+        writeChanges();
     }
     if (const auto code = importedCode()) m_snippet->setCode(*code);
     SnippetService().save(m_snippet);

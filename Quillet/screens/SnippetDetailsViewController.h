@@ -34,6 +34,8 @@ private:
     void save();
     void showLanguage(const QString& language);
     std::optional<QString> importedCode() const;
+    // Writes what was changed in the form; what another device has changed meanwhile stays.
+    void writeChanges();
 
     std::shared_ptr<Snippet> m_snippet;
     QLineEdit* m_nameField;
@@ -42,6 +44,10 @@ private:
     QPlainTextEdit* m_notesField;
     QCheckBox* m_copySwitch;
     QString m_language;
+    // As the form showed the snippet at first.
+    QString m_openedTitle;
+    QString m_openedNotes;
+    QString m_openedLanguage;
 };
 
 } // namespace quillet

@@ -202,16 +202,24 @@ void SnippetViewController::saveContents(Silent silent) {
     if (!m_snippet) createFromText();
     if (!m_snippet) return;
     // A text that nobody touched here may have a newer one in the store.
-    if (m_textView->document()->isModified()) {
-        m_knownCode = m_textView->text();
-        m_snippet->setCode(m_knownCode);
-        m_textView->document()->setModified(false);
-        // Deleted elsewhere meanwhile, it comes back with what was typed into it.
-        if (!m_snippet->context()) SnippetService().save(m_snippet);
-    }
+    if (m_textView->document()->isModified()) writeText();
     CoreDataStack::shared().save(SaveReason::AddedSnippet);
     if (silent == Silent::Yes) return;
     if (delegate) delegate->didEdit(m_snippet);
+}
+
+void SnippetViewController::writeText() {
+    if (m_snippet->context()) {
+        // Of what it cannot read now it does not know whether the text on screen is made from it.
+        const auto stored = m_snippet->readCode();
+        if (!stored) return;
+        takeText(*stored);
+    }
+    m_knownCode = m_textView->text();
+    m_snippet->setCode(m_knownCode);
+    m_textView->document()->setModified(false);
+    // Deleted elsewhere meanwhile, it comes back with what was typed into it.
+    if (!m_snippet->context()) SnippetService().save(m_snippet);
 }
 
 void SnippetViewController::createFromText() {
@@ -226,7 +234,10 @@ void SnippetViewController::createFromText() {
 }
 
 void SnippetViewController::autoSave() {
-    if (m_snippet && m_textView->document()->isModified()) saveContents(Silent::No);
+    // A save that failed has left its changes pending.
+    const bool isUnsaved =
+        m_textView->document()->isModified() || CoreDataStack::shared().viewContext().hasChanges();
+    if (m_snippet && isUnsaved) saveContents(Silent::No);
 }
 
 void SnippetViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {

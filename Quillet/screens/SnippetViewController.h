@@ -17,8 +17,7 @@ class QToolButton;
 
 namespace quillet {
 
-// The detail side of the window: one snippet's text, highlighted in the chosen theme. The only writer of a
-// snippet's code. Main thread.
+// The detail side of the window: one snippet's text, highlighted in the chosen theme. Main thread.
 class SnippetViewController : public QWidget, public SnippetEditDelegate {
     Q_OBJECT
 
@@ -54,6 +53,7 @@ private:
     void showDescription();
     void takeChanges(const platform::ContextChanges& changes);
     void takeText(const QString& code);
+    void writeText();
 
     std::shared_ptr<Snippet> m_snippet;
     QString m_knownCode; // of the snippet, as this screen has seen it

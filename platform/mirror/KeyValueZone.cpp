@@ -2,6 +2,7 @@
 
 #include "platform/mirror/MirrorCapture.h"
 #include "platform/mirror/SqliteMirrorStorage.h"
+#include "platform/store/PropertyList.h"
 #include "platform/store/PropertyListJson.h"
 #include "platform/store/SqliteStore.h"
 
@@ -38,7 +39,8 @@ QCborValue cborFrom(const QVariant& value) {
 std::optional<QVariant> valueIn(const ObjectState& state, const QString& key) {
     const auto found = state.registers.find(key);
     if (found == state.registers.end() || !found->second.value) return std::nullopt;
-    return propertyListFromJson(found->second.value->toJsonValue());
+    // A record may hold anything.
+    return propertyListFrom(propertyListFromJson(found->second.value->toJsonValue()));
 }
 
 StoreResult<void> written(bool isWritten) {

@@ -15,6 +15,8 @@ struct MirrorStatus {
     };
     State state = State::Starting;
     std::optional<MirrorError> error;
+
+    bool operator==(const MirrorStatus&) const = default;
 };
 
 } // namespace platform

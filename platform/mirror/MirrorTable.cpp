@@ -110,17 +110,10 @@ MirrorProgress progressFromBytes(const QByteArray& bytes) {
 
 StoreResult<std::optional<MirroredObject>> MirrorTable::read(const QUuid& id) {
     std::optional<MirroredObject> object;
-    bool isThere = false;
     STORE_TRY(m_connection->query(
         QStringLiteral(
             "SELECT state, change, revision, reading, sent, bases, parked FROM \"_Mirror\" WHERE id = ?"),
-        {id.toRfc4122()}, [&](const QSqlQuery& row) {
-            isThere = true;
-            object = objectFrom(row);
-        }));
-    if (isThere && !object)
-        return std::unexpected(StoreError{StoreError::Kind::Corrupt,
-                                          QStringLiteral("the state of a mirrored object is damaged")});
+        {id.toRfc4122()}, [&](const QSqlQuery& row) { object = objectFrom(row); }));
     return object;
 }
 

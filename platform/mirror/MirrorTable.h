@@ -12,7 +12,8 @@ public:
     explicit MirrorTable(SqliteConnection& connection)
         : m_connection(&connection) {}
 
-    // As the entry has it: without the values of attributes that are in the object's row.
+    // As the entry has it: without the values of attributes that are in the object's row. A damaged entry
+    // counts as none, so that it can be made anew.
     StoreResult<std::optional<MirroredObject>> read(const QUuid& id);
     StoreResult<void> write(const QUuid& id, const MirroredObject& object);
     StoreResult<void> remove(const QUuid& id);

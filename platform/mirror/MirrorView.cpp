@@ -132,9 +132,11 @@ std::optional<MirrorRow> MirrorView::fittingRow(const EntityShape& shape, const 
     for (std::size_t i = 0; i < attributes.size(); ++i) {
         const auto* written = registerOf(state, attributes[i].name);
         const bool isAsBefore = before && (!written || !written->value);
-        const auto column = isAsBefore                  ? (*before)[i]
-                            : written && written->value ? fromMirror(attributes[i], *written->value)
-                                                        : unwrittenColumn(attributes[i]);
+        auto column = isAsBefore                  ? (*before)[i]
+                      : written && written->value ? fromMirror(attributes[i], *written->value)
+                                                  : unwrittenColumn(attributes[i]);
+        // A value that only a newer program understands takes nothing away from what is on screen.
+        if (!column && before) column = (*before)[i];
         if (!column) return std::nullopt;
         row[i] = *column;
     }

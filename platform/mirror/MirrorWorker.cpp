@@ -39,9 +39,10 @@ MirrorWorker::MirrorWorker(AccountReader readAccount, StoreOpener open, Mirrored
                    })
     , m_onStatus(std::move(onStatus))
     , m_backoff(firstBackoff, longestBackoff)
+    , m_behind(gatheringTime, longestPoll)
     , m_idle(firstPoll, longestPoll) {
     for (auto& zone : zones)
-        m_zones.push_back({std::move(zone), std::nullopt});
+        m_zones.push_back({std::move(zone), nullptr, std::nullopt});
     m_timer.setSingleShot(true);
     QObject::connect(&m_timer, &QTimer::timeout, this, [this] { run(); });
 }
@@ -66,7 +67,10 @@ void MirrorWorker::interrupt() {
 void MirrorWorker::wake(Wake wake) {
     switch (wake) {
     case Wake::LocalChange:
-        if (m_status.state != MirrorStatus::State::Waiting) runAfter(gatheringTime);
+        if (m_status.state != MirrorStatus::State::Waiting) return runAfter(gatheringTime);
+        // It is dated now, and not when the cloud can be reached again.
+        (void)gatherAll();
+        m_hasLocalChange = false;
         return;
     case Wake::RemoteChange:
     case Wake::Foreground:
@@ -97,15 +101,16 @@ void MirrorWorker::run() {
     if (!goesOn) {
         // Nothing is wrong with the cloud where this device's own files were the trouble.
         if (std::holds_alternative<CKError>(goesOn.error())) forgetStore();
-        m_hasLocalChange = true;
         m_seenRevision.reset();
         showStatus({MirrorStatus::State::Waiting, goesOn.error()});
         return runAfter(m_backoff.next(chance()));
     }
     m_backoff.reset();
-    if (!*goesOn) showStatus({MirrorStatus::State::UpToDate, std::nullopt});
+    if (*goesOn) return runAfter(m_behind.next(chance()));
+    m_behind.reset();
+    showStatus({MirrorStatus::State::UpToDate, std::nullopt});
     // What was changed here meanwhile has found the timer at rest.
-    runAfter(*goesOn || m_hasLocalChange ? gatheringTime : pollDelay());
+    runAfter(m_hasLocalChange ? gatheringTime : pollDelay());
 }
 
 std::chrono::milliseconds MirrorWorker::pollDelay() {
@@ -114,29 +119,61 @@ std::chrono::milliseconds MirrorWorker::pollDelay() {
 }
 
 MirrorResult<bool> MirrorWorker::synchronize() {
+    const bool hasLocalChange = m_hasLocalChange.exchange(false);
+    auto trouble = gatherAll();
     const auto store = openStore();
     if (!store) return std::unexpected(store.error());
-    const bool hasLocalChange = m_hasLocalChange.exchange(false);
-    auto revision = (*store)->revision();
+    const auto revision = (*store)->revision();
     if (!revision) return std::unexpected(MirrorError(revision.error()));
-    if (!hasLocalChange && m_seenRevision == *revision) return false;
+    if (!hasLocalChange && !trouble && m_seenRevision == *revision) return false;
     m_idle.reset();
     bool goesOn = false;
     for (auto& zone : m_zones) {
+        if (!zone.storage) continue;
         const auto zoneGoesOn = synchronize(zone, **store);
-        if (!zoneGoesOn) return zoneGoesOn;
-        goesOn = goesOn || *zoneGoesOn;
+        if (zoneGoesOn) {
+            goesOn = goesOn || *zoneGoesOn;
+            continue;
+        }
+        const auto* own = std::get_if<StoreError>(&zoneGoesOn.error());
+        if (!own) return zoneGoesOn;
+        trouble = *own;
+        leave(zone, *own);
     }
+    if (trouble) return std::unexpected(MirrorError(*trouble));
     m_seenRevision = *revision;
     return goesOn;
 }
 
-MirrorResult<bool> MirrorWorker::synchronize(Zone& zone, CloudStore& store) {
+std::optional<StoreError> MirrorWorker::gatherAll() {
+    std::optional<StoreError> trouble;
+    for (auto& zone : m_zones) {
+        auto gathered = gather(zone);
+        if (gathered) continue;
+        trouble = gathered.error();
+        leave(zone, *trouble);
+    }
+    return trouble;
+}
+
+StoreResult<void> MirrorWorker::gather(Zone& zone) {
     const auto storage = zone.mirrored->open();
-    if (!storage) return std::unexpected(MirrorError(storage.error()));
-    MIRROR_TRY(zone.mirrored->gather());
+    if (!storage) return std::unexpected(storage.error());
+    zone.storage = *storage;
+    return zone.mirrored->gather();
+}
+
+// The trouble of one zone holds up no other. A file that was replaced has to be opened anew.
+void MirrorWorker::leave(Zone& zone, const StoreError& error) {
+    if (error.kind == StoreError::Kind::Busy) return;
+    zone.mirror.reset();
+    zone.storage = nullptr;
+    zone.mirrored->close();
+}
+
+MirrorResult<bool> MirrorWorker::synchronize(Zone& zone, CloudStore& store) {
     if (!zone.mirror)
-        zone.mirror.emplace(store, **storage, zone.mirrored->policy(), zone.mirrored->zone(), wallNow,
+        zone.mirror.emplace(store, *zone.storage, zone.mirrored->policy(), zone.mirrored->zone(), wallNow,
                             [] { return QUuid::createUuid(); });
     const auto result = zone.mirror->sync();
     if (!result) return std::unexpected(result.error());
@@ -181,10 +218,9 @@ void MirrorWorker::forgetStore() {
 }
 
 void MirrorWorker::showStatus(const MirrorStatus& status) {
-    const bool isSame =
-        status.state == m_status.state && status.error.has_value() == m_status.error.has_value();
+    if (status == m_status) return;
     m_status = status;
-    if (!isSame) m_onStatus(m_status);
+    m_onStatus(m_status);
 }
 
 } // namespace platform

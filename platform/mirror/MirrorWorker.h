@@ -33,7 +33,8 @@ public:
 private:
     struct Zone {
         std::unique_ptr<MirroredZone> mirrored;
-        std::optional<Mirror> mirror; // between the store that is open and the zone's storage
+        MirrorStorage* storage = nullptr; // while it is open
+        std::optional<Mirror> mirror;     // between the store that is open and the zone's storage
     };
 
     void wake(Wake wake);
@@ -43,6 +44,10 @@ private:
     // Whether it has to go on at once.
     MirrorResult<bool> synchronize();
     MirrorResult<bool> synchronize(Zone& zone, CloudStore& store);
+    // Gives the latest trouble; zones without any are gathered all the same.
+    std::optional<StoreError> gatherAll();
+    StoreResult<void> gather(Zone& zone);
+    static void leave(Zone& zone, const StoreError& error);
     MirrorResult<CloudStore*> openStore();
     CloudResult<std::unique_ptr<CloudStore>> openAndSubscribe(const StoreOpener& open,
                                                               const CloudAccount& account);
@@ -59,7 +64,8 @@ private:
 
     QTimer m_timer{this};
     Backoff m_backoff;
-    Backoff m_idle; // between polls of a server that tells nothing
+    Backoff m_behind; // of a server that is written to faster than this device can follow
+    Backoff m_idle;   // between polls of a server that tells nothing
     CloudStore::Notifications m_notifications = CloudStore::Notifications::None;
     std::optional<qint64> m_seenRevision; // the server's, at the start of the latest run that went through
 

@@ -20,8 +20,6 @@ public:
     // Sends what is left if that takes a moment only.
     void stopMirroring();
 
-    bool isMirroring() const { return m_mirror != nullptr; }
-
     // Of the zones that are mirrored: any thread, once it has started.
     void noteLocalChange();
     void noteForeground();

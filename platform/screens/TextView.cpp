@@ -98,6 +98,7 @@ void TextView::updateText(const QString& text) {
         replaceDifference(cursor, rangeOf(shown, from, hunk.baseStart, hunk.baseLimit),
                           rangeOf(split.text, to, hunk.start, hunk.limit));
     cursor.endEditBlock();
+    document()->clearUndoRedoStacks();
     m_replacing = false;
     m_newBreak = dominantBreak(split.breaks);
     m_breaks = std::move(split.breaks);

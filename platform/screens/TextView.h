@@ -23,8 +23,9 @@ public:
     void setText(const QString& text);
     QString text() const;
 
-    // As setText(), for a text that changed under the user: only what differs is replaced, in one step of the
-    // undo history, so that the caret and what is in view stay where they are in the text.
+    // As setText(), for a text that changed under the user: only what differs is replaced, so that the caret
+    // and what is in view stay where they are in the text. The undo history is emptied: an undo must not take
+    // back what somebody else wrote.
     void updateText(const QString& text);
 
     // The text with every line break as one '\n', unit for unit what is on screen.

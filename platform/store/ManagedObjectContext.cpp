@@ -137,11 +137,11 @@ StoreResult<void> ManagedObjectContext::save() {
 
 StoreResult<void> ManagedObjectContext::mergeChanges() {
     if (!m_store) return {};
-    auto remote = m_store->readRemoteChanges();
-    if (!remote) return std::unexpected(remote.error());
-    const auto changes = RemoteMerge(*this).apply(*remote);
+    ContextChanges changes;
+    auto read = m_store->readRemoteChanges(
+        [&](const RemoteChanges& remote) { changes = RemoteMerge(*this).apply(remote); });
     if (!changes.isEmpty()) m_changes.emit(changes);
-    return {};
+    return read;
 }
 
 void ManagedObjectContext::setAutomaticallyMergesChangesFromParent(bool automatically) {

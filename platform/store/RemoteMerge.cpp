@@ -112,7 +112,6 @@ void RemoteMerge::applyValue(ManagedObject& object, qsizetype attribute, const Q
     if (m_context->m_pending.isColumnChanged(object, attribute)) return mergeText(object, attribute, value);
     auto& current = object.m_values[static_cast<std::size_t>(attribute)];
     if (object.entity().attributes[static_cast<std::size_t>(attribute)].loading == Loading::OnDemand) {
-        if (object.isFault(attribute)) return;
         current = QVariant::fromValue(ManagedObject::Fault{});
     } else {
         if (current.isNull() == value.isNull() && current == value) return;

@@ -228,25 +228,20 @@ StoreResult<RemoteChanges> SqliteStore::changesAfter(qint64 revision) {
     return changes;
 }
 
-StoreResult<RemoteChanges> SqliteStore::readRemoteChanges() {
+StoreResult<void> SqliteStore::readRemoteChanges(const std::function<void(const RemoteChanges&)>& merge) {
     STORE_TRY(m_connection->setPatience(SqliteConnection::Patience::None));
-    RemoteChanges changes;
-    qint64 seen = m_seenRevision;
     auto result = m_connection->readTransaction([&]() -> StoreResult<void> {
         auto current = revision();
         if (!current) return std::unexpected(current.error());
         if (*current == m_seenRevision) return {};
-        auto read = changesAfter(m_seenRevision);
-        if (!read) return std::unexpected(read.error());
-        changes = std::move(*read);
-        seen = *current;
+        auto changes = changesAfter(m_seenRevision);
+        if (!changes) return std::unexpected(changes.error());
+        merge(*changes);
+        m_seenRevision = *current;
         return {};
     });
     auto patient = m_connection->setPatience(SqliteConnection::Patience::Normal);
-    if (!result) return std::unexpected(result.error());
-    if (!patient) return std::unexpected(patient.error());
-    m_seenRevision = seen;
-    return changes;
+    return result ? patient : result;
 }
 
 StoreResult<void> SqliteStore::commit(const std::function<void(const RemoteChanges&)>& merge,

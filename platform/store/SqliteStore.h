@@ -94,8 +94,9 @@ public:
         return m_connection->setPatience(patience);
     }
 
-    // What others committed since this store last looked. Fails with Busy at once instead of waiting.
-    StoreResult<RemoteChanges> readRemoteChanges();
+    // Tells `merge` what others committed since this store last looked, if anything, on the state of the file
+    // that it was read from. Fails with Busy at once instead of waiting.
+    StoreResult<void> readRemoteChanges(const std::function<void(const RemoteChanges&)>& merge);
 
     // One transaction, all or nothing. If others have committed since this store last looked, `merge` is told
     // what before `changes` is asked what to write; that holds also where the commit fails in the end.

@@ -26,6 +26,8 @@ struct StoreError {
     };
     Kind kind = Kind::Other;
     QString message;
+
+    bool operator==(const StoreError&) const = default;
 };
 
 template <typename T>

@@ -216,6 +216,27 @@ TEST_F(LibraryScreens, WhatIsWrittenElsewhereIsShownAndMergedWithWhatIsTyped) {
     EXPECT_EQ(segments[0]->code(), QStringLiteral("changed\none\ntwo\ntheirs"));
 }
 
+TEST_F(LibraryScreens, TheFormLeavesWhatItDidNotChange) {
+    open();
+    createByForm(QStringLiteral("Shared"), QStringLiteral("swift"));
+    const auto snippet = stored().at(0);
+    snippet->setNotes(QStringLiteral("one\ntwo"));
+    window->save();
+    window->findChild<SnippetViewController*>()->setSnippet(snippet);
+    click("Edit Details");
+    CoreDataStack other(directory);
+    const auto theirs = Repository<Snippet>(other.viewContext()).results().value().at(0);
+    theirs->setNotes(QStringLiteral("zero\none\ntwo"));
+    theirs->setLanguage(QStringLiteral("python"));
+    other.save(SaveReason::AddedSnippet);
+    ASSERT_TRUE(context().mergeChanges());
+    QTest::keyClicks(named<QLineEdit>("Name"), QStringLiteral(" name"));
+    click<QPushButton>("Save");
+    EXPECT_EQ(snippet->title(), QStringLiteral("Shared name"));
+    EXPECT_EQ(snippet->notes(), QStringLiteral("zero\none\ntwo"));
+    EXPECT_EQ(snippet->language(), QStringLiteral("python"));
+}
+
 TEST_F(LibraryScreens, WhatIsTypedIntoASnippetThatWasDeletedElsewhereBringsItBack) {
     open();
     createByForm(QStringLiteral("Shared"), QStringLiteral("swift"));

@@ -1,5 +1,6 @@
 #include "platform/mirror/KeyValueZone.h"
 
+#include <QtCore/QCborArray>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <gtest/gtest.h>
@@ -121,6 +122,24 @@ TEST(KeyValueZone, WhatIsSetWhileNewsArriveIsALaterChange) {
     first.takeFrom(second);
     first.gather();
     EXPECT_EQ(first.themeNow(), QStringLiteral("light"));
+}
+
+TEST(KeyValueZone, AValueThatIsNoPropertyListIsLeftAlone) {
+    Device first;
+    Device second;
+    first.values->setString(theme, QStringLiteral("dark"));
+    first.gather();
+    second.takeFrom(first);
+    auto object = second.object().value();
+    QCborValue deep(1);
+    for (int level = 0; level < 600; ++level)
+        deep = QCborArray{deep};
+    object.state.write(size, {HybridClock::fromWall(second.wall), QUuid::createUuid()}, deep);
+    const QUuid id = second.id();
+    ASSERT_TRUE(second.storage->transaction([&] { return second.storage->put(id, object); }));
+    second.gather();
+    EXPECT_EQ(second.themeNow(), QStringLiteral("dark"));
+    EXPECT_TRUE(second.values->object(size).isNull());
 }
 
 TEST(KeyValueZone, ACrashBetweenItsFilesChangesNothing) {

@@ -57,7 +57,7 @@ TEST(TextView, ATextThatChangesUnderTheUserKeepsCaretAndPlace) {
     EXPECT_TRUE(view.textCursor().atBlockEnd());
     EXPECT_EQ(view.cursorRect().y(), y);
     view.undo();
-    EXPECT_EQ(view.displayText(), QString(lines).remove(u'\r'));
+    EXPECT_EQ(view.text(), longer) << "that was nothing the user did";
 }
 
 TEST(TextView, AnyTextTurnsIntoAnyOther) {
