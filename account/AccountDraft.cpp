@@ -29,7 +29,7 @@ std::optional<QString> complaintOfServer(const AccountDraft& draft) {
             .arg(draft.host);
     if (!draft.rootCertificate.isEmpty() && !QFileInfo(draft.rootCertificate).isFile())
         return QStringLiteral("The CA file is not there.");
-    return std::nullopt;
+    return platform::objectionTo(draft.account());
 }
 
 std::optional<QString> complaintOfFile(const AccountDraft& draft) {

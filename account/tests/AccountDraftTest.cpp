@@ -60,6 +60,7 @@ TEST_F(AccountDraftTest, WhatIsMissingIsSaid) {
     auto draft = server("localhost");
     draft.port = QStringLiteral("65536");
     EXPECT_TRUE(draft.complaint());
+    EXPECT_TRUE(server("/run/postgresql,/tmp").complaint()) << "one host, and no list of them";
 }
 
 TEST_F(AccountDraftTest, AFileIsAWholePathInAFolderThatIsThere) {
