@@ -125,10 +125,10 @@ TEST(Owners, CannotLayFunctionsInEachOthersWay) {
     server.run(QStringLiteral("GRANT CREATE ON SCHEMA public TO PUBLIC"));
     server.run(serverSchema());
     const auto alice = server.addUser(QStringLiteral("alice"));
-    const auto bob = server.addUser(QStringLiteral("bob"));
+    const auto carol = server.addUser(QStringLiteral("carol"));
     const QString trap = QStringLiteral("CREATE FUNCTION public.unnest(%1) RETURNS SETOF %2 LANGUAGE sql"
                                         " AS 'SELECT NULL::%2 WHERE 1 / 0 = 1'");
-    HandWritten hand(bob);
+    HandWritten hand(carol);
     EXPECT_EQ(hand.rows(trap.arg(QStringLiteral("text[]"), QStringLiteral("text"))), -1);
     server.run(trap.arg(QStringLiteral("text[]"), QStringLiteral("text")));
     server.run(trap.arg(QStringLiteral("boolean[]"), QStringLiteral("boolean")));
