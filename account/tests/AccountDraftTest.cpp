@@ -46,6 +46,12 @@ TEST_F(AccountDraftTest, AServerOnThisMachineNeedsNone) {
     const auto draft = server("localhost");
     EXPECT_EQ(draft.complaint(), std::nullopt);
     EXPECT_EQ(std::get<ServerAccount>(draft.account()).sslMode, QString());
+    auto account = std::get<ServerAccount>(draft.account());
+    account.sslMode = QStringLiteral("require");
+    EXPECT_EQ(AccountDraft::from(account).account(), CloudAccount(account));
+    auto elsewhere = AccountDraft::from(account);
+    elsewhere.host = QStringLiteral("db.example.org");
+    EXPECT_EQ(std::get<ServerAccount>(elsewhere.account()).sslMode, QStringLiteral("verify-full"));
 }
 
 TEST_F(AccountDraftTest, WhatIsMissingIsSaid) {
