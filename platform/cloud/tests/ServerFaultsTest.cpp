@@ -1,3 +1,5 @@
+#include "platform/cloud/ServerParameters.h"
+#include "platform/cloud/ServerProbe.h"
 #include "platform/cloud/ServerSchema.h"
 #include "platform/cloud/tests/CloudFixture.h"
 #include "platform/cloud/tests/SilentServer.h"
@@ -110,6 +112,16 @@ TEST(ServerFaults, ACertificateMustVerify) {
 TEST(ServerFaults, OneThatAcceptsAndSaysNothingIsGivenUp) {
     const SilentServer server(SilentServer::Until::Connected);
     EXPECT_EQ(codeOfOpening(accountAt(server.port()), hasty), Code::NetworkFailure);
+}
+
+TEST(ServerFaults, AnAddressThatSaysNothingDoesNotHideTheNext) {
+    const SilentServer silent(SilentServer::Until::Connected); // at the first address alone
+    const auto parameters = serverParameters(accountAt(silent.port()), hasty);
+    ASSERT_TRUE(parameters);
+    const QStringList addresses = {QStringLiteral("127.0.0.1"), QStringLiteral("127.0.0.2")};
+    const auto probed = probeServer(*parameters, addresses, std::chrono::steady_clock::now() + hasty);
+    ASSERT_FALSE(probed);
+    EXPECT_EQ(probed.error().code, Code::NetworkUnavailable) << "the second one refuses";
 }
 
 TEST(ServerFaults, OneThatFallsSilentRightAfterTheHandshakeIsGivenUp) {
