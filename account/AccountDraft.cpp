@@ -29,7 +29,7 @@ std::optional<QString> complaintOfServer(const AccountDraft& draft) {
             .arg(draft.host);
     if (!draft.rootCertificate.isEmpty() && !QFileInfo(draft.rootCertificate).isFile())
         return QStringLiteral("The CA file is not there.");
-    return std::nullopt;
+    return platform::objectionTo(draft.account());
 }
 
 std::optional<QString> complaintOfFile(const AccountDraft& draft) {
@@ -57,6 +57,7 @@ AccountDraft AccountDraft::from(const CloudAccount& account) {
     draft.database = server.database;
     draft.user = server.user;
     draft.rootCertificate = server.rootCertificate;
+    if (platform::isLocalHost(server.host)) draft.sslMode = server.sslMode;
     return draft;
 }
 
@@ -70,8 +71,7 @@ bool AccountDraft::needsAuthority() const {
 
 CloudAccount AccountDraft::account() const {
     if (kind == Kind::File) return FileAccount{path};
-    // With a file of authorities at hand nothing less than the full check makes sense.
-    const QString mode = rootCertificate.isEmpty() ? QString() : QStringLiteral("verify-full");
+    const QString mode = needsAuthority() ? QStringLiteral("verify-full") : sslMode;
     return ServerAccount{host, port.toInt(), database, user, mode, rootCertificate};
 }
 

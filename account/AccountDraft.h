@@ -27,6 +27,7 @@ struct AccountDraft {
     QString database;
     QString user;
     QString rootCertificate;
+    QString sslMode; // of a server on this machine, as the account has it
     QString path;
 };
 

@@ -99,7 +99,12 @@ void AccountWindow::showStatus() {
     // An account that cannot be read can be thrown away as well.
     m_signOutButton->setVisible(isSignedIn || !account);
     m_signInButton->setText(isSignedIn ? QStringLiteral("&Save") : QStringLiteral("&Sign In"));
-    m_form->setPasswordHint(isSignedIn ? QStringLiteral("Leave empty to keep the stored one") : QString());
+    showPasswordHint();
+}
+
+void AccountWindow::showPasswordHint() {
+    const bool isKept = SignIn::keepsPassword(m_watcher.account().value(), m_form->draft().account());
+    m_form->setPasswordHint(isKept ? QStringLiteral("Leave empty to keep the stored one") : QString());
 }
 
 void AccountWindow::showForm() {
@@ -111,6 +116,7 @@ void AccountWindow::showForm() {
 void AccountWindow::edited() {
     m_test.giveUp();
     m_result->clear();
+    showPasswordHint();
     showReadiness();
 }
 

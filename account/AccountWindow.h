@@ -30,6 +30,7 @@ protected:
 private:
     QWidget* makeButtons();
     void showStatus();
+    void showPasswordHint();
     void showForm();
     void edited();
     void showReadiness();

@@ -177,6 +177,7 @@ AccountDraft Form::draft() const {
     draft.database = m_database->text().trimmed();
     draft.user = m_user->text().trimmed();
     draft.rootCertificate = m_rootCertificate->text().trimmed();
+    draft.sslMode = m_sslMode;
     draft.path = m_path->text().trimmed();
     return draft;
 }
@@ -188,6 +189,7 @@ void Form::setDraft(const AccountDraft& draft) {
     m_database->setText(draft.database);
     m_user->setText(draft.user);
     m_rootCertificate->setText(draft.rootCertificate);
+    m_sslMode = draft.sslMode;
     m_path->setText(draft.path);
 }
 

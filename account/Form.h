@@ -50,6 +50,7 @@ private:
     QLineEdit* m_rootCertificate = nullptr;
     QLineEdit* m_path = nullptr;
     QStackedWidget* m_pages = nullptr;
+    QString m_sslMode; // of the draft; no field shows it
 };
 
 } // namespace account

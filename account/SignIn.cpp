@@ -2,35 +2,25 @@
 
 #include "platform/cloud/CloudTry.h"
 
-#include <tuple>
-
 namespace account {
 
 using platform::CloudAccount;
 using platform::CloudResult;
 using platform::ServerAccount;
 
-namespace {
-
-// What a line of the password file is found by.
-auto keyOf(const ServerAccount& server) {
-    return std::tie(server.host, server.port, server.database, server.user);
+bool SignIn::keepsPassword(const platform::AccountResult& before, const CloudAccount& account) {
+    if (!before || !*before) return false;
+    const auto* one = std::get_if<ServerAccount>(&**before);
+    const auto* other = std::get_if<ServerAccount>(&account);
+    return one && other && platform::PasswordFile::shareLine(*one, *other);
 }
-
-bool sharesPassword(const CloudAccount& a, const CloudAccount& b) {
-    const auto* one = std::get_if<ServerAccount>(&a);
-    const auto* other = std::get_if<ServerAccount>(&b);
-    return one && other && keyOf(*one) == keyOf(*other);
-}
-
-} // namespace
 
 CloudResult<void> SignIn::signIn(const CloudAccount& account, const QString& password) const {
     const auto before = m_service.account();
     const auto* server = std::get_if<ServerAccount>(&account);
     if (server && !password.isEmpty()) CLOUD_TRY(m_passwords.write(*server, password));
     CLOUD_TRY(m_service.write(account));
-    if (before && *before && !sharesPassword(**before, account)) return forgetPassword(**before);
+    if (before && *before && !keepsPassword(before, account)) return forgetPassword(**before);
     return {};
 }
 

@@ -18,10 +18,13 @@ public:
 
     const platform::ServiceFile& service() const { return m_service; }
 
-    // An empty password leaves the one that is there. The password comes first, so that whoever watches the
-    // service file finds it. The line of an account that this one replaces goes.
+    // An empty password leaves the one that is there, where both share it. The password comes first, so that
+    // whoever watches the service file finds it. The line of an account that this one replaces goes.
     platform::CloudResult<void> signIn(const platform::CloudAccount& account, const QString& password) const;
     platform::CloudResult<void> signOut() const;
+
+    // Whether signing in to `account` with an empty password keeps the one of the account before.
+    static bool keepsPassword(const platform::AccountResult& before, const platform::CloudAccount& account);
 
 private:
     platform::CloudResult<void> forgetPassword(const platform::CloudAccount& account) const;

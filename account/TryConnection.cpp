@@ -13,12 +13,6 @@ namespace account {
 using platform::CloudAccount;
 using platform::CloudResult;
 
-namespace {
-
-constexpr platform::Deadline deadline = std::chrono::seconds(10);
-
-} // namespace
-
 TryConnection::TryConnection(QString userPasswordFile)
     : m_userPasswordFile(std::move(userPasswordFile)) {
     qputenv("PGPASSFILE", QFile::encodeName(m_passwordFile));
@@ -28,7 +22,8 @@ CloudResult<void> TryConnection::operator()(const CloudAccount& account, const Q
     const std::lock_guard lock(m_mutex);
     const auto removal = qScopeGuard([this] { QFile::remove(m_passwordFile); });
     CLOUD_TRY(preparePasswords(account, password));
-    const auto store = platform::openCloudStore(account, deadline);
+    const auto store =
+        platform::openCloudStore(account, platform::usualDeadline, platform::MissingFile::Made);
     if (!store) return std::unexpected(store.error());
     CLOUD_TRY((*store)->revision());
     return {};

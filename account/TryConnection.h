@@ -9,7 +9,8 @@
 
 namespace account {
 
-// Connects to accounts with passwords that are not stored yet.
+// Connects to accounts with passwords that are not stored yet. A shared file that is not there is made, which
+// the program itself never does.
 //
 // libpq takes passwords from a file alone, which an environment variable names. So this process is given a
 // password file of its own: a copy of the user's with the password under test put in, there for the length of

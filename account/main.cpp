@@ -1,10 +1,12 @@
 #include "account/AccountWindow.h"
 #include "account/TryConnection.h"
+#include "platform/cloud/ServerEnvironment.h"
 #include "platform/screens/Palette.h"
 
 #include <QtWidgets/QApplication>
 
 int main(int argc, char** argv) {
+    platform::unsetServerEnvironment();
     const account::SignIn signIn;
     account::TryConnection tryConnection(platform::PasswordFile::defaultPath());
     QApplication application(argc, argv);

@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 #include "app/SingleInstance.h"
 #include "app/TerminationSignals.h"
+#include "platform/cloud/ServerEnvironment.h"
 #include "platform/foundation/Log.h"
 
 #include <QtWidgets/QApplication>
@@ -11,6 +12,7 @@
 int main(int argc, char** argv) {
     // Whoever reads the log may go away; that must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
+    platform::unsetServerEnvironment();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillet"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLET_VERSION));

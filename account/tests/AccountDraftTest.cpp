@@ -46,6 +46,12 @@ TEST_F(AccountDraftTest, AServerOnThisMachineNeedsNone) {
     const auto draft = server("localhost");
     EXPECT_EQ(draft.complaint(), std::nullopt);
     EXPECT_EQ(std::get<ServerAccount>(draft.account()).sslMode, QString());
+    auto account = std::get<ServerAccount>(draft.account());
+    account.sslMode = QStringLiteral("require");
+    EXPECT_EQ(AccountDraft::from(account).account(), CloudAccount(account));
+    auto elsewhere = AccountDraft::from(account);
+    elsewhere.host = QStringLiteral("db.example.org");
+    EXPECT_EQ(std::get<ServerAccount>(elsewhere.account()).sslMode, QStringLiteral("verify-full"));
 }
 
 TEST_F(AccountDraftTest, WhatIsMissingIsSaid) {
@@ -60,6 +66,7 @@ TEST_F(AccountDraftTest, WhatIsMissingIsSaid) {
     auto draft = server("localhost");
     draft.port = QStringLiteral("65536");
     EXPECT_TRUE(draft.complaint());
+    EXPECT_TRUE(server("/run/postgresql,/tmp").complaint()) << "one host, and no list of them";
 }
 
 TEST_F(AccountDraftTest, AFileIsAWholePathInAFolderThatIsThere) {

@@ -131,10 +131,28 @@ TEST_F(AccountWindowTest, SigningInStoresTestsAndShowsIt) {
 
     open();
     EXPECT_EQ(field("User").text(), q("u"));
+    const QString kept = q("Leave empty to keep the stored one");
+    EXPECT_EQ(field("Password").placeholderText(), kept);
+    type("Port", "5433");
+    EXPECT_EQ(field("Password").placeholderText(), QString()) << "it belongs to another port";
+    type("Port", "5432");
+    EXPECT_EQ(field("Password").placeholderText(), kept);
     EXPECT_FALSE(button("Sign Out").isHidden());
     button("Sign Out").click();
     EXPECT_EQ(window->status(), q("Not signed in. Your snippets stay on this machine."));
     EXPECT_EQ(contentsOf(passwordPath), "");
+}
+
+TEST_F(AccountWindowTest, SavingKeepsWhatNoFieldShows) {
+    server.sslMode = q("require");
+    ASSERT_TRUE(signIn.signIn(server, q("p")));
+    open();
+    type("Database", "other");
+    button("Save").click();
+    answer.set_value({});
+    ASSERT_TRUE(shows("You are signed in"));
+    server.database = q("other");
+    EXPECT_EQ(signIn.account(), platform::AccountResult(platform::CloudAccount(server)));
 }
 
 TEST_F(AccountWindowTest, FollowsTheFileThatSomebodyElseWrites) {

@@ -27,6 +27,17 @@ TEST_F(SignInTest, AnotherAccountTakesThePasswordOfTheOneBeforeAway) {
     EXPECT_EQ(contentsOf(passwordPath), "");
 }
 
+TEST_F(SignInTest, AnAccountThatSharesItsLineWithTheOneBeforeKeepsIt) {
+    ASSERT_TRUE(signIn.signIn(server, QStringLiteral("p")));
+    auto socket = server;
+    socket.host = QStringLiteral("/var/run/postgresql");
+    EXPECT_TRUE(SignIn::keepsPassword(signIn.account(), socket));
+    ASSERT_TRUE(signIn.signIn(socket, QStringLiteral("q")));
+    EXPECT_EQ(contentsOf(passwordPath), "localhost:5432:d:u:q\n");
+    ASSERT_TRUE(signIn.signIn(server, QString()));
+    EXPECT_EQ(contentsOf(passwordPath), "localhost:5432:d:u:q\n");
+}
+
 TEST_F(SignInTest, APasswordThatCannotBeStoredSignsNobodyIn) {
     EXPECT_FALSE(signIn.signIn(server, QStringLiteral("p\n")));
     EXPECT_FALSE(QFile::exists(servicePath));

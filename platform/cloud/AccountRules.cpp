@@ -1,5 +1,7 @@
 #include "platform/cloud/AccountRules.h"
 
+#include <QtCore/QFileInfo>
+
 #include <arpa/inet.h>
 
 namespace platform {
@@ -15,7 +17,12 @@ bool isLoopbackAddress(const QByteArray& host) {
 
 } // namespace
 
+bool isOneHost(const QString& host) {
+    return !host.contains(u',');
+}
+
 bool isLocalHost(const QString& host) {
+    if (!isOneHost(host)) return false;
     const bool isSocket = host.startsWith(QLatin1Char('/')) || host.startsWith(QLatin1Char('@'));
     return isSocket || host.compare(QStringLiteral("localhost"), Qt::CaseInsensitive) == 0 ||
            isLoopbackAddress(host.toUtf8());
@@ -23,11 +30,14 @@ bool isLocalHost(const QString& host) {
 
 std::optional<QString> objectionTo(const CloudAccount& account) {
     const auto* server = std::get_if<ServerAccount>(&account);
-    if (!server || isLocalHost(server->host)) return std::nullopt;
+    if (!server) return std::nullopt;
+    if (!isOneHost(server->host)) return QStringLiteral("A host's name has no commas.");
+    if (isLocalHost(server->host)) return std::nullopt;
     if (server->sslMode != QStringLiteral("verify-full"))
         return QStringLiteral("A server on another machine needs sslmode verify-full.");
     if (server->rootCertificate.isEmpty())
         return QStringLiteral("A server on another machine needs a CA file that vouches for it.");
+    if (!QFileInfo(server->rootCertificate).isFile()) return QStringLiteral("The CA file is not there.");
     return std::nullopt;
 }
 

@@ -39,6 +39,7 @@ CKContainer::~CKContainer() {
 
 // What the connection holds belongs to the queue's thread.
 void CKContainer::stop() {
+    m_connection.interrupt();
     m_queue.stop([this] { m_connection.close(); });
 }
 

@@ -12,12 +12,12 @@ class CKContainer {
 public:
     using StatusCompletion = std::function<void(CKAccountStatus status, const std::optional<CKError>& error)>;
 
-    // Of the account in libpq's service file. Ends its queue when the application object goes, and waits for
-    // a request that is under way.
+    // Of the account in libpq's service file. Stops when the application object goes, as its destructor
+    // does.
     static CKContainer& defaultContainer();
 
     CKContainer(AccountReader readAccount, StoreOpener open);
-    // Waits for a request that is under way and drops the others.
+    // Breaks a request that is under way off, waits for its end, and drops the others.
     ~CKContainer();
     CKContainer(const CKContainer&) = delete;
     CKContainer& operator=(const CKContainer&) = delete;

@@ -28,11 +28,26 @@ CloudResult<CloudStore*> CloudConnection::store() {
     close();
     if (!*account)
         return std::unexpected(CKError{CKError::Code::NotAuthenticated, QStringLiteral("no account")});
+    if (isInterrupted())
+        return std::unexpected(
+            CKError{CKError::Code::NetworkFailure, QStringLiteral("the call was broken off")});
     auto opened = m_open(**account);
     if (!opened) return std::unexpected(opened.error());
-    m_store = std::move(*opened);
     m_account = std::move(*account);
+    return keep(std::move(*opened));
+}
+
+// An interruption may have come while it was opened.
+CloudStore* CloudConnection::keep(std::unique_ptr<CloudStore> store) {
+    const std::scoped_lock lock(m_mutex);
+    m_store = std::move(store);
+    if (m_isInterrupted) m_store->interrupt();
     return m_store.get();
+}
+
+bool CloudConnection::isInterrupted() {
+    const std::scoped_lock lock(m_mutex);
+    return m_isInterrupted;
 }
 
 void CloudConnection::noteFailure(const CKError& error) {
@@ -40,8 +55,18 @@ void CloudConnection::noteFailure(const CKError& error) {
 }
 
 void CloudConnection::close() {
-    m_store.reset();
+    std::unique_ptr<CloudStore> closing; // which may take a while, and so goes without the lock
+    {
+        const std::scoped_lock lock(m_mutex);
+        closing = std::move(m_store);
+    }
     m_account.reset();
+}
+
+void CloudConnection::interrupt() {
+    const std::scoped_lock lock(m_mutex);
+    m_isInterrupted = true;
+    if (m_store) m_store->interrupt();
 }
 
 } // namespace platform

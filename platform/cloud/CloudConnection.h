@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 namespace platform {
@@ -15,7 +16,7 @@ using AccountReader = std::function<AccountResult()>;
 using StoreOpener = std::function<CloudResult<std::unique_ptr<CloudStore>>(const CloudAccount&)>;
 
 // The store of the account that is signed in: opened when first asked for, and anew after a failure of the
-// connection or when the account is another one. One thread.
+// connection or when the account is another one. One thread, but for interrupt().
 class CloudConnection {
 public:
     CloudConnection(AccountReader readAccount, StoreOpener open)
@@ -28,11 +29,21 @@ public:
     void noteFailure(const CKError& error);
     void close();
 
+    // From any thread, for good: the request that is under way fails soon, and no store is opened any more.
+    // An opening that is under way is waited for by whoever waits for the request.
+    void interrupt();
+
 private:
+    CloudStore* keep(std::unique_ptr<CloudStore> store);
+    bool isInterrupted();
+
     AccountReader m_readAccount;
     StoreOpener m_open;
     std::optional<CloudAccount> m_account; // of m_store
+
+    std::mutex m_mutex; // guards these, for interrupt(); held for moments only
     std::unique_ptr<CloudStore> m_store;
+    bool m_isInterrupted = false;
 };
 
 } // namespace platform

@@ -19,7 +19,8 @@ namespace platform {
 // revision where it stopped learns whether this is still the same history: after a restore from a backup, or
 // on another server, it is not. One epoch is one history from its beginning.
 //
-// Revisions count all zones together. Calls block up to the connection's deadline. One thread at a time.
+// Revisions count all zones together. Calls block up to the connection's deadline, those of a file as
+// long as its disk takes on top of that. One thread at a time.
 
 struct ZoneRecord {
     QString name;
@@ -145,8 +146,8 @@ public:
     // now and then for nothing.
     virtual CloudResult<Notifications> subscribe(std::function<void()> observer) = 0;
 
-    // From any thread: the call that is under way and all later ones end soon, with NetworkFailure. Does
-    // nothing to a store whose calls never last.
+    // From any thread: the call that is under way and all later ones end soon, with NetworkFailure. A file's
+    // call that is under way is not broken off; it waits at most the deadline for others' locks.
     virtual void interrupt() {}
 };
 

@@ -5,18 +5,14 @@
 
 namespace platform {
 
-namespace {
-
-constexpr Deadline deadline = std::chrono::seconds(10);
-
-} // namespace
-
 AccountReader defaultAccountReader() {
     return [] { return ServiceFile().account(); };
 }
 
 StoreOpener defaultStoreOpener() {
-    return [](const CloudAccount& account) { return openCloudStore(account, deadline); };
+    return [](const CloudAccount& account) {
+        return openCloudStore(account, usualDeadline, MissingFile::Refused);
+    };
 }
 
 } // namespace platform

@@ -89,6 +89,10 @@ CloudResult<void> PasswordFile::write(const ServerAccount& account, const QStrin
     return writeAccountFile(m_path, lines.join());
 }
 
+bool PasswordFile::shareLine(const ServerAccount& one, const ServerAccount& other) {
+    return keyOf(one) == keyOf(other);
+}
+
 CloudResult<void> PasswordFile::remove(const ServerAccount& account) const {
     const auto bytes = readAccountFile(m_path);
     if (!bytes) return std::unexpected(bytes.error());

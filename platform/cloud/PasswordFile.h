@@ -22,6 +22,9 @@ public:
     CloudResult<void> write(const ServerAccount& account, const QString& password) const;
     CloudResult<void> remove(const ServerAccount& account) const;
 
+    // Whether both have their password in the same line. A socket's folder may share it with localhost.
+    static bool shareLine(const ServerAccount& one, const ServerAccount& other);
+
 private:
     QString m_path;
 };

@@ -95,12 +95,13 @@ QString PostgresDialect::batchSource(const std::vector<SqlBatch::Column>& column
     for (const auto& [name, kind] : columns) {
         const bool isBytes = kind == Kind::Bytes;
         selected.append(isBytes ? QStringLiteral("decode(%1, 'hex') AS %1").arg(name) : name);
-        arrays.append(kind == Kind::Flag ? QStringLiteral("CAST(? AS boolean[])")
-                                         : QStringLiteral("CAST(? AS text[])"));
+        // By its whole name: a function of another schema for just these types would be preferred.
+        arrays.append(QStringLiteral("pg_catalog.unnest(CAST(? AS %1))")
+                          .arg(kind == Kind::Flag ? QStringLiteral("boolean[]") : QStringLiteral("text[]")));
         names.append(name);
     }
     const QString comma = QStringLiteral(", ");
-    return QStringLiteral("(SELECT %1 FROM unnest(%2) AS arrays (%3)) AS batch")
+    return QStringLiteral("(SELECT %1 FROM ROWS FROM (%2) AS arrays (%3)) AS batch")
         .arg(selected.join(comma), arrays.join(comma), names.join(comma));
 }
 

@@ -1,30 +1,14 @@
 #include "platform/cloud/ServerParameters.h"
 
-#include <QtCore/QFileInfo>
+#include "platform/cloud/AccountRules.h"
+
 #include <QtCore/QStringList>
 
-#include <arpa/inet.h>
+#include <algorithm>
 
 namespace platform {
 
 namespace {
-
-bool isUnixSocket(const QString& host) {
-    return host.startsWith(u'/') || host.startsWith(u'@');
-}
-
-bool isLoopback(const QString& host) {
-    if (host.compare(QStringLiteral("localhost"), Qt::CaseInsensitive) == 0) return true;
-    in_addr four = {};
-    if (::inet_pton(AF_INET, host.toUtf8().constData(), &four) == 1) return ntohl(four.s_addr) >> 24 == 127;
-    in6_addr six = {};
-    return ::inet_pton(AF_INET6, host.toUtf8().constData(), &six) == 1 && IN6_IS_ADDR_LOOPBACK(&six);
-}
-
-bool isVerified(const ServerAccount& account) {
-    return account.sslMode == QStringLiteral("verify-full") && !account.rootCertificate.isEmpty() &&
-           QFileInfo(account.rootCertificate).isFile();
-}
 
 bool makesSense(const ServerAccount& account) {
     static const QStringList modes = {QString(),
@@ -38,8 +22,9 @@ bool makesSense(const ServerAccount& account) {
     // Qt takes a semicolon inside a value for the end of it.
     const bool areClean = std::ranges::none_of(
         texts, [](const QString& text) { return text.contains(u';') || text.contains(QChar(0)); });
-    return areClean && !account.host.isEmpty() && !account.database.isEmpty() && !account.user.isEmpty() &&
-           account.port > 0 && account.port < 65536 && modes.contains(account.sslMode);
+    return areClean && !account.host.isEmpty() && isOneHost(account.host) && !account.database.isEmpty() &&
+           !account.user.isEmpty() && account.port > 0 && account.port < 65536 &&
+           modes.contains(account.sslMode);
 }
 
 } // namespace
@@ -50,11 +35,8 @@ CloudResult<ServerParameters> serverParameters(const ServerAccount& account,
         return std::unexpected(CKError{CKError::Code::InvalidArguments,
                                        QStringLiteral("the account's host, port, database, user, sslmode or"
                                                       " sslrootcert makes no sense")});
-    if (!isUnixSocket(account.host) && !isLoopback(account.host) && !isVerified(account))
-        return std::unexpected(
-            CKError{CKError::Code::NotAuthenticated,
-                    QStringLiteral("a server on another machine needs sslmode=verify-full and an"
-                                   " sslrootcert, the file with the authorities that vouch for it")});
+    if (const auto objection = objectionTo(account))
+        return std::unexpected(CKError{CKError::Code::NotAuthenticated, *objection});
     const QString mode = account.sslMode.isEmpty() ? QStringLiteral("prefer") : account.sslMode;
     return ServerParameters{
         {QStringLiteral("host"), account.host},

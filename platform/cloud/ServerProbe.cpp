@@ -5,8 +5,12 @@
 
 #include <QtCore/QRegularExpression>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <libpq-fe.h>
 #include <memory>
+#include <netdb.h>
 #include <poll.h>
 
 namespace platform {
@@ -67,12 +71,18 @@ bool waitFor(PGconn* connection, PostgresPollingStatusType wanted, Clock::time_p
     const short events = wanted == PGRES_POLLING_READING ? POLLIN : POLLOUT;
     pollfd descriptor = {PQsocket(connection), events, 0};
     const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(limit - Clock::now());
-    return left.count() > 0 && ::poll(&descriptor, 1, static_cast<int>(left.count())) > 0;
+    if (left.count() <= 0) return false;
+    const int ready = ::poll(&descriptor, 1, static_cast<int>(left.count()));
+    if (ready < 0 && errno == EINTR) return waitFor(connection, wanted, limit);
+    return ready > 0;
 }
 
-} // namespace
+QString valueOf(const ServerParameters& parameters, const QString& name) {
+    const auto found = std::ranges::find(parameters, name, &ServerParameters::value_type::first);
+    return found == parameters.end() ? QString() : found->second;
+}
 
-CloudResult<QString> probeServer(const ServerParameters& parameters, Clock::time_point limit) {
+CloudResult<QString> probeOne(const ServerParameters& parameters, Clock::time_point limit) {
     const Connection connection = start(parameters);
     Progress progress;
     if (!connection || PQstatus(connection.get()) == CONNECTION_BAD)
@@ -87,6 +97,49 @@ CloudResult<QString> probeServer(const ServerParameters& parameters, Clock::time
         if (wanted == PGRES_POLLING_FAILED) return failure(connection.get(), progress);
     }
     return QString::fromUtf8(PQhostaddr(connection.get()));
+}
+
+// Whether another address of the same server may do better.
+bool isOfTheWay(CKError::Code code) {
+    return code == CKError::Code::NetworkUnavailable || code == CKError::Code::NetworkFailure;
+}
+
+QStringList addressesOf(const QString& host) {
+    if (host.startsWith(u'/') || host.startsWith(u'@')) return {QString()};
+    addrinfo hints = {};
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo* first = nullptr;
+    if (::getaddrinfo(host.toUtf8().constData(), nullptr, &hints, &first) != 0) return {};
+    const std::unique_ptr<addrinfo, decltype([](addrinfo* list) { ::freeaddrinfo(list); })> list(first);
+    QStringList addresses;
+    for (const addrinfo* one = first; one != nullptr; one = one->ai_next) {
+        std::array<char, NI_MAXHOST> text = {};
+        if (::getnameinfo(one->ai_addr, one->ai_addrlen, text.data(), text.size(), nullptr, 0,
+                          NI_NUMERICHOST) == 0)
+            addresses.append(QString::fromLatin1(text.data()));
+    }
+    return addresses;
+}
+
+} // namespace
+
+CloudResult<QString> probeServer(const ServerParameters& parameters, const QStringList& addresses,
+                                 Clock::time_point limit) {
+    CloudResult<QString> result = std::unexpected(
+        CKError{CKError::Code::NetworkUnavailable, QStringLiteral("the server's name has no address")});
+    for (qsizetype i = 0; i < addresses.size(); ++i) {
+        ServerParameters one = parameters;
+        for (auto& [key, value] : one)
+            if (key == QStringLiteral("hostaddr")) value = addresses[i];
+        const auto now = Clock::now();
+        result = probeOne(one, now + (limit - now) / (addresses.size() - i));
+        if (result || !isOfTheWay(result.error().code)) break;
+    }
+    return result;
+}
+
+CloudResult<QString> probeServer(const ServerParameters& parameters, Clock::time_point limit) {
+    return probeServer(parameters, addressesOf(valueOf(parameters, QStringLiteral("host"))), limit);
 }
 
 } // namespace platform

@@ -23,8 +23,9 @@ public:
     // section is no account.
     AccountResult account() const;
 
-    // Both leave whatever else is in the file, foreign keys and comments of the section among it, byte for
-    // byte. The file is replaced as a whole, with mode 0600. On an error it is as it was.
+    // Both leave the other sections byte for byte; write() leaves the foreign keys and comments of this one
+    // too, which remove() takes away. The file is replaced as a whole, with mode 0600, also where the account
+    // is the same. On an error it is as it was.
     CloudResult<void> write(const CloudAccount& account) const;
     CloudResult<void> remove() const;
 

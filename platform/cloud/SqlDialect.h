@@ -44,11 +44,12 @@ public:
     virtual CloudResult<std::unique_ptr<SqlConnection>> connect(CallLimit limit) = 0;
     // False where the connection is not to the account's database any more.
     virtual bool isCurrent() const = 0;
-    // From the first of these to the second, statements fail once the limit has passed.
+    // From the first of these to the second, what a server has not answered by the limit fails. A file's
+    // statements only wait no longer than that for others' locks.
     virtual void beginCall(CallLimit limit) = 0;
     virtual void endCall() = 0;
 
-    // Any thread: the call that is under way, if any, fails at once instead.
+    // Any thread: the call of a server that is under way, if any, fails at once instead.
     virtual void interrupt() {}
 
     // Tells others of a write, inside its transaction.

@@ -6,9 +6,11 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QStringList>
+#include <QtCore/QUrl>
 
-#include <array>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform {
 
@@ -22,7 +24,7 @@ constexpr int schemaVersion = 1;
 // A commit writes its pages one after the other.
 constexpr int delayMilliseconds = 20;
 
-const std::array schema = {
+const QStringList schema = {
     QStringLiteral("CREATE TABLE quillet_heads (owner TEXT NOT NULL PRIMARY KEY, epoch BLOB NOT NULL,"
                    " revision INTEGER NOT NULL, tag BLOB NOT NULL) STRICT"),
     QStringLiteral("CREATE TABLE quillet_revisions (owner TEXT NOT NULL, revision INTEGER NOT NULL,"
@@ -44,6 +46,9 @@ const std::array schema = {
     QStringLiteral("CREATE TABLE quillet_devices (owner TEXT NOT NULL, zone TEXT NOT NULL,"
                    " device BLOB NOT NULL, revision INTEGER NOT NULL, tag BLOB, seen_at INTEGER NOT NULL,"
                    " PRIMARY KEY (owner, zone, device)) STRICT"),
+};
+
+const QStringList marks = {
     QStringLiteral("PRAGMA application_id = %1").arg(applicationId),
     QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion),
 };
@@ -86,6 +91,20 @@ CloudResult<qint64> number(SqlConnection& connection, const QString& sql) {
     return number;
 }
 
+// Whether the tables are as we make them. A view in a table's place, or a trigger, could run for ever. SQLite
+// keeps the statements letter for letter; what has none are the indexes of the tables' own keys.
+CloudResult<void> checkSchema(SqlConnection& connection) {
+    QStringList statements;
+    CLOUD_TRY(connection.queryOnce(
+        QStringLiteral("SELECT sql FROM sqlite_schema WHERE sql IS NOT NULL"),
+        [&statements](const QSqlQuery& row) { statements.append(row.value(0).toString()); }));
+    statements.sort();
+    QStringList ours = schema;
+    ours.sort();
+    if (statements == ours) return {};
+    return error(Code::ServiceUnavailable, QStringLiteral("the file's tables are not as they were made"));
+}
+
 // Whether the file is ours; false for one that nothing has been written to.
 CloudResult<bool> isOurs(SqlConnection& connection) {
     const auto id = number(connection, QStringLiteral("PRAGMA application_id"));
@@ -99,7 +118,21 @@ CloudResult<bool> isOurs(SqlConnection& connection) {
         return error(Code::InvalidArguments, QStringLiteral("the file is another program's"));
     if (*version > schemaVersion)
         return error(Code::IncompatibleVersion, QStringLiteral("the file is of a newer version"));
+    CLOUD_TRY(checkSchema(connection));
     return true;
+}
+
+// Opens what is there and makes nothing, also where it goes in this very moment.
+QString uriOf(const QString& path) {
+    return QStringLiteral("file://%1?mode=rw")
+        .arg(QString::fromLatin1(QUrl::toPercentEncoding(path, QByteArrayLiteral("/"))));
+}
+
+// Empty, for its owner alone. What cannot be made is found to be missing.
+void makeFile(const QString& path) {
+    const int made = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
+                            S_IRUSR | S_IWUSR);
+    if (made >= 0) ::close(made);
 }
 
 // Again under the lock: two programs may meet at a new file.
@@ -108,7 +141,7 @@ CloudResult<void> makeSchema(SqlConnection& connection) {
         const auto isMade = isOurs(connection);
         if (!isMade) return std::unexpected(isMade.error());
         if (*isMade) return SqlConnection::Ending::Rollback;
-        for (const QString& statement : schema)
+        for (const QString& statement : schema + marks)
             CLOUD_TRY(connection.runOnce(statement));
         return SqlConnection::Ending::Commit;
     });
@@ -116,9 +149,10 @@ CloudResult<void> makeSchema(SqlConnection& connection) {
 
 } // namespace
 
-SqliteDialect::SqliteDialect(QString path, Deadline deadline)
+SqliteDialect::SqliteDialect(QString path, Deadline deadline, MissingFile missingFile)
     : m_path(std::move(path))
-    , m_deadline(deadline) {}
+    , m_deadline(deadline)
+    , m_missingFile(missingFile) {}
 
 const SqlDialect::Words& SqliteDialect::words() const {
     static const Words words = {
@@ -147,13 +181,13 @@ CKError SqliteDialect::errorOf(const QSqlError& error) const {
 }
 
 CloudResult<std::unique_ptr<SqlConnection>> SqliteDialect::connect(CallLimit) {
-    // One that was there and is not is a disk that went away, or a user who wants it gone.
-    if (!QFileInfo(QFileInfo(m_path).path()).isDir() || (m_opened && !identity()))
+    if (!isThere())
         return error(Code::NetworkUnavailable, QStringLiteral("the file of the cloud is not there"));
     auto connection = std::make_unique<SqlConnection>(*this, QStringLiteral("QSQLITE"));
     QSqlDatabase database = connection->database();
-    database.setDatabaseName(m_path);
-    database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(m_deadline.count()));
+    database.setDatabaseName(uriOf(m_path));
+    database.setConnectOptions(
+        QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(m_deadline.count()));
     if (!database.open()) return std::unexpected(errorOf(database.lastError()));
     const auto isMade = isOurs(*connection);
     if (!isMade) return std::unexpected(isMade.error());
@@ -162,6 +196,12 @@ CloudResult<std::unique_ptr<SqlConnection>> SqliteDialect::connect(CallLimit) {
     if (!*isMade) CLOUD_TRY(makeSchema(*connection));
     m_opened = identity();
     return connection;
+}
+
+// One that was there and is not is a disk that went away, or a user who wants it gone.
+bool SqliteDialect::isThere() const {
+    if (m_missingFile == MissingFile::Made && !m_opened) makeFile(m_path);
+    return identity().has_value();
 }
 
 std::optional<SqliteDialect::FileIdentity> SqliteDialect::identity() const {

@@ -11,8 +11,8 @@ CREATE TABLE quillet_schema (
 );
 INSERT INTO quillet_schema (version) VALUES (1);
 
--- Where a user's history has got to. Every writing transaction increments the revision first, and thereby
--- waits for the one before it.
+-- Where a user's history has got to. Every transaction that writes zones or records increments the revision
+-- first, and thereby waits for the one before it. What devices report of themselves does not count.
 CREATE TABLE quillet_heads (
     owner name NOT NULL PRIMARY KEY,
     epoch bytea NOT NULL,
@@ -81,6 +81,10 @@ GRANT SELECT, INSERT, UPDATE, DELETE ON quillet_records TO quillet_users;
 GRANT SELECT, INSERT, DELETE ON quillet_assets TO quillet_users;
 GRANT SELECT, INSERT, DELETE ON quillet_asset_uses TO quillet_users;
 GRANT SELECT, INSERT, UPDATE, DELETE ON quillet_devices TO quillet_users;
+
+-- What somebody else may create in a schema that is searched could run as the one who calls it. A server
+-- before version 15, or a database that has been upgraded from one, lets everybody.
+REVOKE CREATE ON SCHEMA public FROM PUBLIC;
 
 -- FORCE: also for the role that owns the tables. A policy must never look at a setting that a client can
 -- change; current_user is what the server itself authenticated.

@@ -59,9 +59,7 @@ void MirrorWorker::postFinish() {
 }
 
 void MirrorWorker::interrupt() {
-    const std::scoped_lock lock(m_mutex);
-    m_isInterrupted = true;
-    if (m_store) m_store->interrupt();
+    m_connection.interrupt();
 }
 
 void MirrorWorker::wake(Wake wake) {
@@ -182,17 +180,9 @@ MirrorResult<bool> MirrorWorker::synchronize(Zone& zone, CloudStore& store) {
 }
 
 MirrorResult<CloudStore*> MirrorWorker::openStore() {
-    showStore(nullptr); // it may be about to go
     const auto store = m_connection.store();
     if (!store) return std::unexpected(MirrorError(store.error()));
-    showStore(*store);
     return *store;
-}
-
-void MirrorWorker::showStore(CloudStore* store) {
-    const std::scoped_lock lock(m_mutex);
-    m_store = store;
-    if (m_store && m_isInterrupted) m_store->interrupt();
 }
 
 CloudResult<std::unique_ptr<CloudStore>> MirrorWorker::openAndSubscribe(const StoreOpener& open,
@@ -211,7 +201,6 @@ CloudResult<std::unique_ptr<CloudStore>> MirrorWorker::openAndSubscribe(const St
 }
 
 void MirrorWorker::forgetStore() {
-    showStore(nullptr);
     for (auto& zone : m_zones)
         zone.mirror.reset();
     m_connection.close();

@@ -9,7 +9,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <mutex>
 #include <optional>
 
 namespace platform {
@@ -51,8 +50,6 @@ private:
     MirrorResult<CloudStore*> openStore();
     CloudResult<std::unique_ptr<CloudStore>> openAndSubscribe(const StoreOpener& open,
                                                               const CloudAccount& account);
-    // To interrupt().
-    void showStore(CloudStore* store);
     void forgetStore();
     void showStatus(const MirrorStatus& status);
     std::chrono::milliseconds pollDelay();
@@ -70,10 +67,6 @@ private:
     std::optional<qint64> m_seenRevision; // the server's, at the start of the latest run that went through
 
     std::atomic<bool> m_hasLocalChange = true;
-
-    std::mutex m_mutex; // guards these two, for interrupt()
-    CloudStore* m_store = nullptr;
-    bool m_isInterrupted = false;
 };
 
 } // namespace platform

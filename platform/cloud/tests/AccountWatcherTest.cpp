@@ -24,6 +24,13 @@ TEST_F(AccountWatcherTest, TellsOfASignInAChangeAndASignOut) {
     ASSERT_TRUE(file.write(**first));
     ASSERT_TRUE(isTold(1));
     EXPECT_EQ(told.back(), first);
+    ASSERT_TRUE(file.write(**first)); // as after a change of the password
+    ASSERT_TRUE(isTold(2));
+    EXPECT_EQ(told.back(), first);
+    QFile other(directory.filePath(QStringLiteral("other"))); // in the same folder, and none of this
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told.size(), 2U);
     put("[other]\nhost=h\n[quillet]\ndbname=sqlite:/two\n"); // in place, as an editor may write
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return told.back() == AccountResult(CloudAccount(FileAccount{QStringLiteral("/two")})); }));

@@ -113,6 +113,36 @@ TEST_F(CKContainerTest, FollowsTheAccount) {
     EXPECT_EQ(cloud->calls().count(QStringLiteral("open")), 2);
 }
 
+TEST(CKContainerEndTest, ARequestThatIsUnderWayIsBrokenOff) {
+    const auto cloud = FakeCloud::create();
+    std::promise<CloudResult<std::vector<CKRecord>>> answer;
+    {
+        CKContainer container(FakeCloud::signedIn(), cloud->opener());
+        auto isHeld = cloud->hold(QStringLiteral("records"));
+        container.privateCloudDatabase().performQuery(
+            {QStringLiteral("T")}, zoneID, [&answer](const auto& result) { answer.set_value(result); });
+        isHeld.wait();
+    }
+    EXPECT_EQ(answer.get_future().get().error().code, CKError::Code::NetworkFailure);
+}
+
+TEST(CloudConnectionTest, AStoreThatWasBeingOpenedIsInterruptedAndNoOtherIsOpened) {
+    const auto cloud = FakeCloud::create();
+    CloudConnection* interrupted = nullptr;
+    CloudConnection connection(FakeCloud::signedIn(), [&](const CloudAccount&) {
+        interrupted->interrupt();
+        return cloud->open();
+    });
+    interrupted = &connection;
+    (void)cloud->hold(QStringLiteral("records"));
+    const auto store = connection.store();
+    ASSERT_TRUE(store);
+    EXPECT_FALSE((*store)->records(QStringLiteral("Z"), QStringLiteral("T")));
+    connection.close();
+    EXPECT_EQ(connection.store().error().code, CKError::Code::NetworkFailure);
+    EXPECT_EQ(cloud->calls().count(QStringLiteral("open")), 1);
+}
+
 TEST(CloudQueueTest, UserInitiatedWorkGoesFirstAndAStoppedQueueDropsTheRest) {
     QStringList order;
     std::promise<void> gate;

@@ -59,6 +59,8 @@ public:
 
     CloudResult<Notifications> subscribe(std::function<void()>) override { return notFaked(); }
 
+    void interrupt() override { m_cloud->interrupt(); }
+
 private:
     std::shared_ptr<FakeCloud> m_cloud;
 };
@@ -86,6 +88,18 @@ void FakeCloud::mend(const QString& call) {
     m_failures.erase(call);
 }
 
+std::future<void> FakeCloud::hold(const QString& call) {
+    const std::lock_guard lock(m_mutex);
+    m_held = call;
+    return m_isHeld.get_future();
+}
+
+void FakeCloud::interrupt() {
+    const std::lock_guard lock(m_mutex);
+    m_isInterrupted = true;
+    m_interruption.notify_all();
+}
+
 QStringList FakeCloud::calls() const {
     const std::lock_guard lock(m_mutex);
     return m_calls;
@@ -111,8 +125,13 @@ std::vector<ZoneRecord> FakeCloud::records(const QString& zone, const QString& t
 }
 
 CloudResult<void> FakeCloud::enter(const QString& call) {
-    const std::lock_guard lock(m_mutex);
+    std::unique_lock lock(m_mutex);
     m_calls += call;
+    if (m_held == call) {
+        m_isHeld.set_value();
+        m_interruption.wait(lock, [this] { return m_isInterrupted; });
+        return std::unexpected(CKError{CKError::Code::NetworkFailure, QStringLiteral("interrupted")});
+    }
     const auto failure = m_failures.find(call);
     if (failure == m_failures.end()) return {};
     return std::unexpected(CKError{failure->second, QStringLiteral("as the test wants it")});

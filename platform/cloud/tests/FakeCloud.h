@@ -4,6 +4,8 @@
 
 #include <QtCore/QStringList>
 
+#include <condition_variable>
+#include <future>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -25,6 +27,8 @@ public:
     // From now on the calls of that name fail: "open", "hasZone", "saveZone", "records", "saveRecord".
     void fail(const QString& call, CKError::Code code);
     void mend(const QString& call);
+    // The next call of that name lasts until its store is interrupted; the future is ready once it is there.
+    std::future<void> hold(const QString& call);
     // The names of all calls so far, failed ones included.
     QStringList calls() const;
 
@@ -36,11 +40,16 @@ private:
     friend class FakeCloudStore;
 
     CloudResult<void> enter(const QString& call);
+    void interrupt();
 
     mutable std::mutex m_mutex; // guards these
     std::map<QString, std::map<QString, ZoneRecord>> m_zones;
     std::map<QString, CKError::Code> m_failures;
     QStringList m_calls;
+    QString m_held;
+    std::promise<void> m_isHeld;
+    bool m_isInterrupted = false;
+    std::condition_variable m_interruption;
 };
 
 } // namespace platform

@@ -1,3 +1,4 @@
+#include "platform/cloud/DefaultAccount.h"
 #include "platform/cloud/tests/CloudFixture.h"
 
 #include <QtCore/QFile>
@@ -104,6 +105,44 @@ TEST_F(FileFaults, AFolderThatIsNotThereIsNoWayToTheFile) {
     EXPECT_EQ(codeOfOpening(), Code::NetworkUnavailable);
     path = directory.path();
     EXPECT_EQ(codeOfOpening(), Code::NetworkUnavailable);
+}
+
+// The folder is there and may be written to, but the disk that has the file is not mounted on it.
+TEST_F(FileFaults, TheProgramMakesNoFileAndTheAccountsMakesOneForItsOwner) {
+    const auto opened = defaultStoreOpener()(account());
+    ASSERT_FALSE(opened);
+    EXPECT_EQ(opened.error().code, Code::NetworkUnavailable);
+    EXPECT_FALSE(QFile::exists(path));
+    path = directory.filePath(QStringLiteral("a %20 #?\u00e9"));
+    fill();
+    const auto all = QFile::permissions(path);
+    EXPECT_TRUE(all & QFile::WriteOwner);
+    EXPECT_FALSE(all & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther));
+    EXPECT_TRUE(defaultStoreOpener()(account()));
+    setBytes({}); // by hand, as an administrator may
+    EXPECT_TRUE(defaultStoreOpener()(account()));
+}
+
+// The first two would keep the thread for ever.
+TEST_F(FileFaults, AFileWithOtherTablesThanOursIsRefused) {
+    const QString endless = QStringLiteral("(WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n)"
+                                           " SELECT max(i) FROM n)");
+    const auto isRefusedWith = [this](const QStringList& crafting) {
+        fill();
+        for (const QString& sql : crafting)
+            runByHand(sql);
+        const bool isRefused = codeOfOpening() == Code::ServiceUnavailable;
+        return QFile::remove(path) && isRefused;
+    };
+    EXPECT_TRUE(isRefusedWith(
+        {QStringLiteral("DROP TABLE quillet_heads"),
+         QStringLiteral("CREATE VIEW quillet_heads AS SELECT '' owner, x'' epoch, %1 revision, x'' tag")
+             .arg(endless)}));
+    EXPECT_TRUE(isRefusedWith(
+        {QStringLiteral("CREATE TRIGGER t BEFORE INSERT ON quillet_records BEGIN SELECT %1; END")
+             .arg(endless)}));
+    EXPECT_TRUE(isRefusedWith({QStringLiteral("DROP INDEX quillet_asset_uses_by_hash")}));
+    EXPECT_TRUE(isRefusedWith({QStringLiteral("ALTER TABLE quillet_zones ADD COLUMN more TEXT")}));
 }
 
 TEST_F(FileFaults, AFileThatIsReplacedIsOpenedAnewAndOneThatGoesIsNotMadeAgain) {

@@ -1,3 +1,4 @@
+#include "platform/cloud/ServerSchema.h"
 #include "platform/cloud/tests/CloudFixture.h"
 
 #include <QtSql/QSqlDatabase>
@@ -116,4 +117,26 @@ TEST(Owners, AreKeptApartByTheStatementsToo) {
     const auto hers = openStore(alice);
     EXPECT_EQ(hers->asset("hash"), QByteArray("alice"));
     EXPECT_EQ(hers->records(zone, QStringLiteral("Thing"))->size(), 1U);
+}
+
+// As on a server before version 15, where everybody may create things in the schema that all search.
+TEST(Owners, CannotLayFunctionsInEachOthersWay) {
+    PostgresServer server(PostgresServer::Schema::None);
+    server.run(QStringLiteral("GRANT CREATE ON SCHEMA public TO PUBLIC"));
+    server.run(serverSchema());
+    const auto alice = server.addUser(QStringLiteral("alice"));
+    const auto carol = server.addUser(QStringLiteral("carol"));
+    const QString trap = QStringLiteral("CREATE FUNCTION public.unnest(%1) RETURNS SETOF %2 LANGUAGE sql"
+                                        " AS 'SELECT NULL::%2 WHERE 1 / 0 = 1'");
+    HandWritten hand(carol);
+    EXPECT_EQ(hand.rows(trap.arg(QStringLiteral("text[]"), QStringLiteral("text"))), -1);
+    server.run(trap.arg(QStringLiteral("text[]"), QStringLiteral("text")));
+    server.run(trap.arg(QStringLiteral("boolean[]"), QStringLiteral("boolean")));
+    fill(alice);
+    const auto store = openStore(alice);
+    Device device(*store, zone);
+    ASSERT_TRUE(device.pull());
+    auto collected = device.pushOf({});
+    collected.collected = {QStringLiteral("nobody")};
+    EXPECT_TRUE(device.push(collected));
 }

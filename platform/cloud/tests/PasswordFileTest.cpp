@@ -49,6 +49,9 @@ TEST_F(PasswordFileTest, ColonsBackslashesAndStarsAreEscaped) {
 TEST_F(PasswordFileTest, TheDefaultSocketGoesByTheNameOfTheMachine) {
     ASSERT_TRUE(file.write(at("/var/run/postgresql"), QStringLiteral("p")));
     EXPECT_EQ(bytes(), "localhost:5432:d:u:p\n");
+    EXPECT_TRUE(PasswordFile::shareLine(at("/var/run/postgresql"), at("localhost")));
+    EXPECT_FALSE(PasswordFile::shareLine(at("/tmp"), at("localhost")));
+    EXPECT_FALSE(PasswordFile::shareLine(at("localhost"), at("localhost", "d", "v")));
 }
 
 TEST_F(PasswordFileTest, WhatALineCannotHoldIsNotWritten) {

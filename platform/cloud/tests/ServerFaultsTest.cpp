@@ -1,3 +1,5 @@
+#include "platform/cloud/ServerParameters.h"
+#include "platform/cloud/ServerProbe.h"
 #include "platform/cloud/ServerSchema.h"
 #include "platform/cloud/tests/CloudFixture.h"
 #include "platform/cloud/tests/SilentServer.h"
@@ -44,8 +46,7 @@ TEST(ServerFaults, WhoCannotBeReachedIsTold) {
 TEST(ServerFaults, AServerOnAnotherMachineWithoutVerificationIsNotEvenTried) {
     const TestAuthority authority(QStringLiteral("cloud.invalid"));
     auto account = accountAt(1);
-    for (const auto* host : {"cloud.invalid", "192.0.2.1", "2001:db8::1", "127.0.0.1,192.0.2.1", "128.0.0.1",
-                             "localhost.invalid"}) {
+    for (const auto* host : {"cloud.invalid", "192.0.2.1", "2001:db8::1", "128.0.0.1", "localhost.invalid"}) {
         account.host = QLatin1StringView(host);
         account.sslMode = QStringLiteral("verify-full");
         account.rootCertificate = QString();
@@ -59,6 +60,15 @@ TEST(ServerFaults, AServerOnAnotherMachineWithoutVerificationIsNotEvenTried) {
     account.host = QStringLiteral("cloud.invalid");
     account.sslMode = QStringLiteral("verify-full"); // tried, and not found
     EXPECT_EQ(codeOfOpening(account), Code::NetworkUnavailable);
+}
+
+// libpq would split them, and the rules for the first host are not those for the second.
+TEST(ServerFaults, AListOfHostsIsNoHost) {
+    auto account = accountAt(1);
+    for (const auto* host : {"/nowhere,192.0.2.1", "127.0.0.1,192.0.2.1", ",", "localhost,"}) {
+        account.host = QLatin1StringView(host);
+        EXPECT_EQ(codeOfOpening(account), Code::InvalidArguments) << host;
+    }
 }
 
 TEST(ServerFaults, AWrongPasswordASchemaOfAnotherVersionAndNoneAreTold) {
@@ -102,6 +112,16 @@ TEST(ServerFaults, ACertificateMustVerify) {
 TEST(ServerFaults, OneThatAcceptsAndSaysNothingIsGivenUp) {
     const SilentServer server(SilentServer::Until::Connected);
     EXPECT_EQ(codeOfOpening(accountAt(server.port()), hasty), Code::NetworkFailure);
+}
+
+TEST(ServerFaults, AnAddressThatSaysNothingDoesNotHideTheNext) {
+    const SilentServer silent(SilentServer::Until::Connected); // at the first address alone
+    const auto parameters = serverParameters(accountAt(silent.port()), hasty);
+    ASSERT_TRUE(parameters);
+    const QStringList addresses = {QStringLiteral("127.0.0.1"), QStringLiteral("127.0.0.2")};
+    const auto probed = probeServer(*parameters, addresses, std::chrono::steady_clock::now() + hasty);
+    ASSERT_FALSE(probed);
+    EXPECT_EQ(probed.error().code, Code::NetworkUnavailable) << "the second one refuses";
 }
 
 TEST(ServerFaults, OneThatFallsSilentRightAfterTheHandshakeIsGivenUp) {
