@@ -28,7 +28,6 @@ struct MirrorPolicy {
     int pageLimit = 400;           // records of a page that is read
     qsizetype pushLimit = 400;     // records of a push
     qsizetype pushBytes = 4 << 20; // and their bytes, beyond the first record
-    qsizetype settleLimit = 200;   // objects that one transaction at the end of a full reading settles
     WallTime reportInterval = 600'000;
     WallTime collectionInterval = WallTime{24} * 3600 * 1000;
     WallTime tombstoneAge = WallTime{30} * 24 * 3600 * 1000; // younger ones are not collected

@@ -3,8 +3,6 @@
 #include "platform/mirror/DeliberateFaults.h"
 #include "platform/mirror/RecordCodec.h"
 
-#include <algorithm>
-
 namespace platform {
 
 namespace {
@@ -45,9 +43,7 @@ MirrorResult<bool> MirrorPull::readPage() {
     MIRROR_TRY(take(*asked, *page));
     const auto reached = readProgress(m_environment);
     if (!reached) return std::unexpected(reached.error());
-    if (page->hasMore || reached->position != page->position) return true;
-    if (reached->isReadingFully) MIRROR_TRY(finishReading());
-    return false;
+    return page->hasMore || reached->position != page->position;
 }
 
 // A reply may be an old one that was held up: what does not lead on from where we stand is nothing.
@@ -96,39 +92,22 @@ StoreResult<void> MirrorPull::advance(MirrorProgress& progress, const ZoneChange
     progress.tag = page.tag;
     if (page.hasMore) return {};
     progress.horizon = page.head.horizon;
-    // The end of a full reading has its own turn.
-    return progress.isReadingFully ? StoreResult<void>() : dropTombstones(progress.horizon);
+    if (progress.isReadingFully) STORE_TRY(finishReading(progress));
+    return dropTombstones(progress.horizon);
 }
 
-// In short transactions: local saves wait for each of them.
-MirrorResult<void> MirrorPull::finishReading() {
-    for (bool isDone = false; !isDone;)
-        MIRROR_TRY(withProgress(m_environment, [&](MirrorProgress& progress) -> StoreResult<void> {
-            STORE_TRY(dropLostRecords(progress));
-            const auto isSettled = settleSomeUnmet(progress);
-            if (!isSettled) return std::unexpected(isSettled.error());
-            isDone = *isSettled;
-            if (!isDone) return {};
-            progress.isReadingFully = false;
-            progress.isReconciling = false;
-            return dropTombstones(progress.horizon);
-        }));
-    return {};
-}
-
-// Whether none is left. What is settled is not unmet any more.
-StoreResult<bool> MirrorPull::settleSomeUnmet(MirrorProgress& progress) {
+StoreResult<void> MirrorPull::finishReading(MirrorProgress& progress) {
+    STORE_TRY(dropLostRecords(progress));
     const auto unmet = m_environment.storage.notMetBy(progress.reading);
     if (!unmet) return std::unexpected(unmet.error());
-    if (!progress.isReconciling) {
-        const auto isMuch = isTooMuch(*unmet);
-        if (!isMuch) return std::unexpected(isMuch.error());
-        progress.isReconciling = *isMuch;
-    }
-    const auto some = std::min(unmet->size(), static_cast<std::size_t>(m_environment.policy.settleLimit));
-    for (std::size_t i = 0; i < some; ++i)
-        STORE_TRY(settleUnmet((*unmet)[i], progress, progress.isReconciling));
-    return some == unmet->size();
+    const auto isMuch = isTooMuch(*unmet);
+    if (!isMuch) return std::unexpected(isMuch.error());
+    const bool isReconciling = progress.isReconciling || *isMuch;
+    for (const QUuid& id : *unmet)
+        STORE_TRY(settleUnmet(id, progress, isReconciling));
+    progress.isReadingFully = false;
+    progress.isReconciling = false;
+    return {};
 }
 
 // Records whose assets were lost, and which are no longer there: what is known here goes on without them.

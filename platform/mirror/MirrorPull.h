@@ -32,8 +32,7 @@ private:
     MirrorResult<void> startReading(const ZoneHead& head, Finding why);
     MirrorResult<void> take(const MirrorProgress& asked, const ZoneChanges& page);
     StoreResult<void> advance(MirrorProgress& progress, const ZoneChanges& page);
-    MirrorResult<void> finishReading();
-    StoreResult<bool> settleSomeUnmet(MirrorProgress& progress);
+    StoreResult<void> finishReading(MirrorProgress& progress);
     StoreResult<void> dropLostRecords(const MirrorProgress& progress);
     StoreResult<bool> isTooMuch(const std::vector<QUuid>& vanished);
     StoreResult<void> settleUnmet(const QUuid& id, const MirrorProgress& progress, bool isReconciling);

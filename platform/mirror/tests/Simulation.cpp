@@ -79,7 +79,6 @@ void Simulation::planSeed() {
     m_policy.conflictCopy = conflictCopy;
     m_policy.pageLimit = 1 + m_random.below(12);
     m_policy.pushLimit = 1 + m_random.below(8);
-    m_policy.settleLimit = 1 + m_random.below(8);
     m_policy.pushBytes = 200 + m_random.below(100'000);
     m_policy.reportInterval = 0;
     m_policy.collectionInterval = m_random.below(2) == 0 ? 0 : 1000 * day;
