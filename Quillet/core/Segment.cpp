@@ -3,6 +3,7 @@
 #include "Quillet/core/LibraryModel.h"
 #include "Quillet/core/Snippet.h"
 #include "platform/foundation/DateFormats.h"
+#include "platform/foundation/TextMerge.h"
 #include "platform/store/ManagedObjectContext.h"
 
 namespace quillet {
@@ -13,6 +14,13 @@ QString conflictTitle(const QDateTime& written) {
 
 Segment::Segment()
     : ManagedObject(libraryModel()->entity(QStringLiteral("Segment"))) {}
+
+QString Segment::mergeTyped(Snippet& snippet, const QString& base, const QString& stored,
+                            const QString& typed) {
+    const auto merged = platform::mergeTexts(base, stored, typed);
+    if (merged.isConflict && snippet.context()) keepConflicting(snippet, stored);
+    return merged.text;
+}
 
 void Segment::keepConflicting(Snippet& snippet, const QString& text) {
     const auto segment = std::make_shared<Segment>();

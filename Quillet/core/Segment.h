@@ -26,6 +26,11 @@ public:
     // A text that could not be merged into one of `snippet` becomes a segment beside it, in the snippet's
     // context; not saved.
     static void keepConflicting(Snippet& snippet, const QString& text);
+    // What a text of `snippet` becomes that was typed here while another was stored by somebody else, both
+    // made from `base`: the lines of both. Where they are in each other's way what was typed stays, and the
+    // stored one is kept as above.
+    static QString mergeTyped(Snippet& snippet, const QString& base, const QString& stored,
+                              const QString& typed);
 
     QString title() const { return value(Title).toString(); }
 

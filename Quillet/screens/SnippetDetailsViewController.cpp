@@ -7,7 +7,6 @@
 #include "Quillet/screens/Languages.h"
 #include "Quillet/screens/ListWithSelectionViewController.h"
 #include "Quillet/screens/SheetBar.h"
-#include "platform/foundation/TextMerge.h"
 #include "platform/screens/Palette.h"
 #include "platform/screens/Sheet.h"
 #include "platform/screens/Symbol.h"
@@ -144,9 +143,7 @@ void SnippetDetailsViewController::writeChanges() {
     if (m_language != m_openedLanguage) m_snippet->setLanguage(m_language);
     const QString notes = m_notesField->toPlainText();
     if (notes == m_openedNotes) return;
-    const auto merged = platform::mergeTexts(m_openedNotes, m_snippet->notes(), notes);
-    if (merged.isConflict && m_snippet->context()) Segment::keepConflicting(*m_snippet, m_snippet->notes());
-    m_snippet->setNotes(merged.text);
+    m_snippet->setNotes(Segment::mergeTyped(*m_snippet, m_openedNotes, m_snippet->notes(), notes));
 }
 
 void SnippetDetailsViewController::save() {

@@ -8,7 +8,6 @@
 #include "Quillet/screens/ListWithSelectionViewController.h"
 #include "Quillet/screens/SnippetDetailsViewController.h"
 #include "platform/foundation/DateFormats.h"
-#include "platform/foundation/TextMerge.h"
 #include "platform/screens/Sheet.h"
 #include "platform/screens/Symbol.h"
 
@@ -191,9 +190,7 @@ void SnippetViewController::takeText(const QString& code) {
         m_textView->updateText(code);
         m_textView->document()->setModified(false);
     } else if (const QString typed = m_textView->text(); typed != code) {
-        const auto merged = platform::mergeTexts(m_knownCode, code, typed);
-        if (merged.isConflict) Segment::keepConflicting(*m_snippet, code);
-        m_textView->updateText(merged.text);
+        m_textView->updateText(Segment::mergeTyped(*m_snippet, m_knownCode, code, typed));
     }
     m_knownCode = code;
 }
