@@ -1,5 +1,6 @@
 """The screen as a user meets it: what is shown, by the accessibility tree; input, by real events."""
 
+import os
 import subprocess
 import time
 
@@ -131,3 +132,20 @@ def colours_in(path, node):
     box = Atspi.Component.get_extents(node.get_component_iface(), Atspi.CoordType.SCREEN)
     area = f"{box.width}x{box.height}+{box.x}+{box.y}"
     return int(run("convert", path, "-crop", area, "-format", "%k", "info:"))
+
+
+def take(tour, failed):
+    """Takes a tour with a window manager, and ends the process; a step that fails leaves the picture `failed`."""
+    window_manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL)
+    code = 1
+    try:
+        wait("the window manager does not start",
+             lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+        tour()
+        code = 0
+    except Missing as missing:
+        picture(str(failed))
+        print(f"FAILED: {missing}", flush=True)
+    finally:
+        window_manager.kill()
+    os._exit(code)

@@ -140,33 +140,21 @@ def dark():
 
 
 def tour():
-    window_manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL)
-    wait("the window manager does not start",
-         lambda: "window id" in screen.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
-    try:
-        program = Program()
-        first_use(program)
-        program.quit()
-        program = Program()
-        after_restart()
-        narrow()
-        program.quit()
+    program = Program()
+    first_use(program)
+    program.quit()
+    program = Program()
+    after_restart()
+    narrow()
+    program.quit()
 
-        portal = subprocess.Popen(["/usr/bin/python3", str(HERE / "portal.py")], stdout=subprocess.PIPE, text=True)
-        portal.stdout.readline()
-        program = Program()
-        dark()
-        program.quit()
-        portal.kill()
-    finally:
-        window_manager.kill()
+    portal = subprocess.Popen(["/usr/bin/python3", str(HERE / "portal.py")], stdout=subprocess.PIPE, text=True)
+    portal.stdout.readline()
+    program = Program()
+    dark()
+    program.quit()
+    portal.kill()
+    print(f"The tour is done: {steps} pictures in {os.path.relpath(PICTURES)}", flush=True)
 
 
-try:
-    tour()
-except Missing as missing:
-    screen.picture(str(PICTURES / "failed.png"))
-    print(f"FAILED after step {steps}: {missing}", flush=True)
-    os._exit(1)
-print(f"The tour is done: {steps} pictures in {os.path.relpath(PICTURES)}", flush=True)
-os._exit(0)
+screen.take(tour, PICTURES / "failed.png")
