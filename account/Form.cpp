@@ -1,8 +1,8 @@
 #include "account/Form.h"
 
 #include "account/Style.h"
-#include "platform/screens/Palette.h"
-#include "platform/screens/Symbol.h"
+#include "platform/screens/appearance/Palette.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include <QtCore/QDir>
 #include <QtGui/QAction>

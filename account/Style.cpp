@@ -1,6 +1,6 @@
 #include "account/Style.h"
 
-#include "platform/screens/Palette.h"
+#include "platform/screens/appearance/Palette.h"
 
 namespace account {
 

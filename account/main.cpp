@@ -1,7 +1,7 @@
 #include "account/AccountWindow.h"
 #include "account/TryConnection.h"
 #include "platform/cloud/ServerEnvironment.h"
-#include "platform/screens/Palette.h"
+#include "platform/screens/appearance/Palette.h"
 
 #include <QtWidgets/QApplication>
 

@@ -2,8 +2,8 @@
 
 #include "Quillet/cloud/AccountCheck.h"
 #include "Quillet/cloud/CloudKitService.h"
-#include "platform/screens/Alert.h"
-#include "platform/screens/Symbol.h"
+#include "platform/screens/controllers/Alert.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QShortcut>

@@ -1,7 +1,7 @@
 #include "Quillet/browsing/SnippetList.h"
 
 #include "Quillet/browsing/SnippetRowDelegate.h"
-#include "platform/screens/Symbol.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QContextMenuEvent>

@@ -1,7 +1,7 @@
 #include "Quillet/browsing/SnippetRowDelegate.h"
 
 #include "Quillet/browsing/SnippetTree.h"
-#include "platform/screens/Symbol.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>

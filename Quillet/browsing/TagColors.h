@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/screens/Palette.h"
+#include "platform/screens/appearance/Palette.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "Quillet/screens/AlertMaker.h"
 
-#include "platform/screens/Alert.h"
+#include "platform/screens/controllers/Alert.h"
 
 namespace quillet {
 

@@ -3,7 +3,7 @@
 #include "platform/foundation/AttributedString.h"
 #include "platform/foundation/Timer.h"
 #include "platform/highlightr/Highlightr.h"
-#include "platform/screens/TextView.h"
+#include "platform/screens/text/TextView.h"
 
 #include <memory>
 #include <optional>

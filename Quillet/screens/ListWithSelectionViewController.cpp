@@ -2,8 +2,8 @@
 
 #include "Quillet/screens/OptionDelegate.h"
 #include "Quillet/screens/SheetBar.h"
-#include "platform/screens/Palette.h"
-#include "platform/screens/Symbol.h"
+#include "platform/screens/appearance/Palette.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtGui/QKeyEvent>

@@ -1,6 +1,6 @@
 #include "Quillet/screens/OptionDelegate.h"
 
-#include "platform/screens/Symbol.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include <QtGui/QPainter>
 

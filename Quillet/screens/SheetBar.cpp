@@ -1,6 +1,6 @@
 #include "Quillet/screens/SheetBar.h"
 
-#include "platform/screens/Palette.h"
+#include "platform/screens/appearance/Palette.h"
 
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLabel>

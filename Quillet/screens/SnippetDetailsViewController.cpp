@@ -7,9 +7,9 @@
 #include "Quillet/screens/Languages.h"
 #include "Quillet/screens/ListWithSelectionViewController.h"
 #include "Quillet/screens/SheetBar.h"
-#include "platform/screens/Palette.h"
-#include "platform/screens/Sheet.h"
-#include "platform/screens/Symbol.h"
+#include "platform/screens/appearance/Palette.h"
+#include "platform/screens/controllers/Sheet.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>

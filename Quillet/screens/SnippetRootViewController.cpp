@@ -5,8 +5,8 @@
 #include "Quillet/screens/HealthBanner.h"
 #include "Quillet/screens/SnippetDetailsViewController.h"
 #include "Quillet/screens/SnippetViewController.h"
-#include "platform/screens/DesktopAppearance.h"
-#include "platform/screens/Sheet.h"
+#include "platform/screens/appearance/DesktopAppearance.h"
+#include "platform/screens/controllers/Sheet.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QHBoxLayout>

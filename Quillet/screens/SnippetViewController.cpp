@@ -8,8 +8,8 @@
 #include "Quillet/screens/ListWithSelectionViewController.h"
 #include "Quillet/screens/SnippetDetailsViewController.h"
 #include "platform/foundation/DateFormats.h"
-#include "platform/screens/Sheet.h"
-#include "platform/screens/Symbol.h"
+#include "platform/screens/controllers/Sheet.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include <QtGui/QFontDatabase>
 #include <QtGui/QShortcut>

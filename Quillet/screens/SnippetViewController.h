@@ -4,7 +4,7 @@
 #include "Quillet/core/Snippet.h"
 #include "Quillet/screens/CodeAttributedString.h"
 #include "platform/foundation/Timer.h"
-#include "platform/screens/TextView.h"
+#include "platform/screens/text/TextView.h"
 #include "platform/store/ManagedObjectContext.h"
 
 #include <QtWidgets/QWidget>

@@ -1,12 +1,14 @@
 # Reads every #include "..." of our own and fails on one that the table does not allow.
 
-set(below_app Quillet/screens Quillet/browsing Quillet/cloud Quillet/core platform/screens platform/highlightr
-    platform/mirror platform/cloud platform/store platform/foundation)
+set(below_app Quillet/screens Quillet/browsing Quillet/controls Halcyonix Quillet/cloud Quillet/core
+    platform/screens platform/highlightr platform/mirror platform/cloud platform/store platform/foundation)
 set(below_account platform/screens platform/cloud platform/foundation)
-set(below_Quillet/screens Quillet/browsing Quillet/cloud Quillet/core platform/screens platform/highlightr
-    platform/cloud platform/store platform/foundation)
-set(below_Quillet/browsing Quillet/cloud Quillet/core platform/screens platform/cloud platform/store
-    platform/foundation)
+set(below_Quillet/screens Quillet/browsing Quillet/controls Halcyonix Quillet/cloud Quillet/core platform/screens
+    platform/highlightr platform/cloud platform/store platform/foundation)
+set(below_Quillet/browsing Quillet/controls Halcyonix Quillet/cloud Quillet/core platform/screens platform/cloud
+    platform/store platform/foundation)
+set(below_Quillet/controls Halcyonix platform/screens platform/foundation)
+set(below_Halcyonix platform/screens platform/foundation)
 set(below_Quillet/cloud Quillet/core platform/cloud platform/store platform/foundation)
 set(below_Quillet/core platform/mirror platform/cloud platform/store platform/foundation)
 set(below_platform/mirror platform/cloud platform/store platform/foundation)
@@ -19,8 +21,8 @@ set(below_Tessarine/document Tessarine/base)
 set(below_Tessarine/base)
 
 set(checked 0)
-foreach(folder app account Quillet/screens Quillet/browsing Quillet/cloud Quillet/core platform/screens
-        platform/highlightr platform/mirror platform/cloud platform/store platform/foundation Tessarine/document
+foreach(folder app account Quillet/screens Quillet/browsing Quillet/controls Halcyonix Quillet/cloud Quillet/core
+        platform/screens platform/highlightr platform/mirror platform/cloud platform/store platform/foundation Tessarine/document
         Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
   foreach(source ${sources})

@@ -1,4 +1,4 @@
-#include "platform/screens/TextView.h"
+#include "platform/screens/text/TextView.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QTextBlock>

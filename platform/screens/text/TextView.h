@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/foundation/AttributedString.h"
-#include "platform/screens/LineBreaks.h"
+#include "platform/screens/text/LineBreaks.h"
 
 #include <QtWidgets/QPlainTextEdit>
 

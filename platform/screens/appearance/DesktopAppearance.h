@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/foundation/Observable.h"
-#include "platform/screens/Palette.h"
+#include "platform/screens/appearance/Palette.h"
 
 #include <QtCore/QObject>
 #include <QtDBus/QDBusVariant>

@@ -1,4 +1,4 @@
-#include "platform/screens/Symbol.h"
+#include "platform/screens/appearance/Symbol.h"
 
 #include "platform/foundation/FatalError.h"
 

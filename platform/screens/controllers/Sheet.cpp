@@ -1,6 +1,6 @@
-#include "platform/screens/Sheet.h"
+#include "platform/screens/controllers/Sheet.h"
 
-#include "platform/screens/Palette.h"
+#include "platform/screens/appearance/Palette.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>

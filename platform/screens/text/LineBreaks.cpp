@@ -1,4 +1,4 @@
-#include "platform/screens/LineBreaks.h"
+#include "platform/screens/text/LineBreaks.h"
 
 #include <algorithm>
 #include <array>

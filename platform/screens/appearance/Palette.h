@@ -7,6 +7,7 @@ namespace platform {
 // The colours of the program by name, each with a light and a dark value.
 enum class Asset {
     Accent,
+    OnAccent,       // text and symbols on Accent
     BackgroundGrey, // behind everything
     Card,           // groups of rows and sheets, on BackgroundGrey
     Separator,
@@ -23,6 +24,10 @@ enum class Asset {
     SystemPink,
     SystemGray,
     SystemBlack,
+    HalcyonixBlue,
+    IconColor,
+    GradientStart,
+    GradientEnd,
 };
 
 enum class Appearance { Light, Dark };

@@ -1,4 +1,4 @@
-#include "platform/screens/DesktopAppearance.h"
+#include "platform/screens/appearance/DesktopAppearance.h"
 
 #include "platform/foundation/NeverDestroyed.h"
 

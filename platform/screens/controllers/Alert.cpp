@@ -1,4 +1,4 @@
-#include "platform/screens/Alert.h"
+#include "platform/screens/controllers/Alert.h"
 
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>

@@ -1,6 +1,6 @@
-#include "platform/screens/Palette.h"
+#include "platform/screens/appearance/Palette.h"
 
-#include "platform/screens/DesktopAppearance.h"
+#include "platform/screens/appearance/DesktopAppearance.h"
 
 #include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
@@ -18,6 +18,8 @@ Values valuesOf(Asset asset) {
     switch (asset) {
     case Asset::Accent:
         return {0xFF2F6FED, 0xFF5B93FF};
+    case Asset::OnAccent:
+        return {0xFFFFFFFF, 0xFF16171B}; // white is too faint on the accent of dark
     case Asset::BackgroundGrey:
         return {0xFFF1F2F6, 0xFF16171B};
     case Asset::Card:
@@ -50,6 +52,14 @@ Values valuesOf(Asset asset) {
         return {0xFF85878F, 0xFF9A9CA5};
     case Asset::SystemBlack:
         return {0xFF000000, 0xFFD8D9DE}; // black itself would vanish on dark
+    case Asset::HalcyonixBlue:
+        return {0xFF2A6BD8, 0xFF6AA0FF};
+    case Asset::IconColor:
+        return {0xFF3C4252, 0xFFD3D6E0};
+    case Asset::GradientStart:
+        return {0xFF3B82F6, 0xFF2B5FC2};
+    case Asset::GradientEnd:
+        return {0xFF2256C9, 0xFF1E3F8A};
     }
     return {0xFF000000, 0xFFFFFFFF};
 }

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QtWidgets/QScrollArea>
+
+class QVBoxLayout;
+
+namespace platform {
+
+// A scrolling column of sections: a heading, and a rounded card with widgets. As the rows of ListView look,
+// for content that is no list of rows. Main thread.
+class GroupedForm : public QScrollArea {
+    Q_OBJECT
+
+public:
+    explicit GroupedForm(QWidget* parent = nullptr);
+
+    // The card of a new section at the end, to be filled. A heading or footer that is empty is left out.
+    QVBoxLayout& addSection(const QString& heading, const QString& footer = {});
+    // Something between sections, without a card.
+    void addWidget(std::unique_ptr<QWidget> widget);
+
+private:
+    QVBoxLayout* m_column;
+};
+
+} // namespace platform

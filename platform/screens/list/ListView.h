@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/screens/appearance/Palette.h"
+#include "platform/screens/list/SwipeAction.h"
+#include "platform/screens/menus/Menu.h"
+
+#include <QtWidgets/QAbstractItemView>
+
+#include <optional>
+
+namespace platform {
+
+// The list of every screen: rounded groups of rows, headers between them, rows that open and close over the
+// rows below them, swiping, context menus, dragging, all by finger, mouse and keyboard. Shows any item model,
+// of a hundred thousand rows as smoothly as of ten: only what is in view is asked for its looks.
+//
+// Keys: arrows, Home, End, Page Up, Page Down; Right opens and Left closes, the other way round where the
+// text runs from right to left; Return and Space activate; Delete asks to delete; Menu and Shift+F10 open the
+// context menu; letters find the next visible row that starts with them. Buttons of rows are reached by Tab.
+//
+// Assistive tools see a tree of rows, with the buttons of rows below them. Main thread.
+class ListView : public QAbstractItemView {
+    Q_OBJECT
+
+public:
+    // What the model says of a row beside Qt::DisplayRole, its title. All but the title may be missing.
+    enum Role {
+        StyleRole = Qt::UserRole + 100, // RowStyle as int; Row if missing
+        SymbolRole,                     // its leading image
+        TintRole,                       // Asset of the image, as int; Accent if missing
+        DetailRole,                     // a text at its end
+        AccessoryRole,                  // Accessory as int
+        GroupRole,                      // bool: has a disclosure, also without any rows below
+        ButtonSymbolRole,               // a button at its end
+        ButtonNameRole,                 // what that is called
+        KeyRole,                        // QString, equal over resets of the model for what is the same row
+    };
+
+    enum class RowStyle {
+        Header,        // stands on the background, over a card of its rows
+        Row,           // on the card
+        SectionHeader, // a small heading over a card; cannot be chosen
+    };
+
+    enum class Accessory { None, Chevron, Checkmark };
+
+    explicit ListView(QWidget* parent = nullptr);
+    ~ListView() override;
+
+    // Which groups are open is the owner's to keep: `contains` is asked at every rebuild, `set` is called
+    // when the user opens or closes one and is followed by a question to `contains`. A model without groups
+    // needs none.
+    struct OpenRows {
+        std::function<bool(const QModelIndex&)> contains;
+        std::function<void(const QModelIndex&, bool)> set;
+    };
+
+    void setOpenRows(OpenRows openRows);
+    bool isOpen(const QModelIndex& index) const;
+    // As the user's press on the row.
+    void setOpen(const QModelIndex& index, bool isOpen);
+
+    // None where a row has no menu.
+    std::function<std::optional<Menu>(const QModelIndex&)> contextMenu;
+    // From the row's end inward; none where a row does not swipe. A full swipe takes the first.
+    std::function<std::vector<SwipeAction>(const QModelIndex&)> swipeActions;
+
+    // QAbstractItemView
+    QRect visualRect(const QModelIndex& index) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    QModelIndex indexAt(const QPoint& point) const override;
+    void setModel(QAbstractItemModel* model) override;
+    void reset() override;
+
+Q_SIGNALS:
+    // A press on a row, or Return. Groups open and close instead.
+    void rowActivated(const QModelIndex& index);
+    void buttonPressed(const QModelIndex& index);
+    void deleteRequested(const QModelIndex& index);
+};
+
+} // namespace platform
