@@ -18,6 +18,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override; // Return presses, as Space does
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -17,10 +17,10 @@ struct MenuAction {
     enum class Role { Normal, Destructive };
 
     QString title;
-    QString symbol; // its image; may be empty
-    std::function<void()> handler;
+    QString symbol{}; // its image; may be empty
+    std::function<void()> handler{};
     Role role = Role::Normal;
-    QString shortcut; // shown beside the title only, in portable form such as "Ctrl+S"
+    QString shortcut{}; // shown beside the title only, in portable form such as "Ctrl+S"
 };
 
 // A menu as a value. An inline menu stands among the entries of the one around it, set off by lines.
@@ -30,7 +30,7 @@ struct Menu {
     using Entry = std::variant<MenuAction, Menu>;
 
     QString title;
-    std::vector<Entry> entries;
+    std::vector<Entry> entries{};
     Display display = Display::Submenu;
 };
 

@@ -1,0 +1,73 @@
+#include "platform/screens/menus/Menu.h"
+
+#include "platform/foundation/MainQueue.h"
+#include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/menus/RoleMenu.h"
+
+namespace platform {
+
+namespace {
+
+QString plainText(QString title) {
+    return title.replace(u'&', QStringLiteral("&&")); // no letter of a title is a mnemonic
+}
+
+void addAction(QMenu& menu, const MenuAction& entry) {
+    auto* action = menu.addAction(plainText(entry.title));
+    const bool isDestructive = entry.role == MenuAction::Role::Destructive;
+    if (isDestructive) RoleMenu::setDestructive(*action);
+    if (!entry.symbol.isEmpty())
+        action->setIcon(symbolIcon(entry.symbol, isDestructive ? Asset::SystemRed : Asset::IconColor));
+    if (!entry.shortcut.isEmpty()) {
+        action->setShortcut(QKeySequence(entry.shortcut, QKeySequence::PortableText));
+        action->setShortcutContext(Qt::WidgetShortcut); // what it does elsewhere is not this menu's
+        action->setShortcutVisibleInContextMenu(true);
+    }
+    QObject::connect(action, &QAction::triggered, action, [handler = entry.handler] {
+        if (handler) dispatchToMain(handler);
+    });
+}
+
+void addEntries(QMenu& target, const Menu& menu);
+
+void addInline(QMenu& target, const Menu& menu, const QString& titleAround) {
+    const bool isTitled = !menu.title.isEmpty() && menu.title != titleAround;
+    if (isTitled)
+        target.addSection(plainText(menu.title));
+    else
+        target.addSeparator();
+    addEntries(target, menu);
+    target.addSeparator();
+}
+
+// Lines at the ends and double ones are not drawn: QMenu collapses separators.
+void addEntries(QMenu& target, const Menu& menu) {
+    for (const auto& entry : menu.entries) {
+        if (const auto* action = std::get_if<MenuAction>(&entry)) {
+            addAction(target, *action);
+            continue;
+        }
+        const auto& inner = std::get<Menu>(entry);
+        if (inner.display == Menu::Display::Inline)
+            addInline(target, inner, menu.title);
+        else
+            target.addMenu(makeMenu(inner, &target).release()); // the menu around it owns it
+    }
+}
+
+} // namespace
+
+std::unique_ptr<QMenu> makeMenu(const Menu& menu, QWidget* parent) {
+    auto made = std::make_unique<RoleMenu>(plainText(menu.title), parent);
+    made->setAccessibleName(menu.title);
+    addEntries(*made, menu);
+    return made;
+}
+
+void popUpMenu(const Menu& menu, QWidget* over, QPoint screenPoint) {
+    auto* shown = makeMenu(menu, over).release(); // it deletes itself, with its parent at the latest
+    shown->setAttribute(Qt::WA_DeleteOnClose);
+    shown->popup(screenPoint);
+}
+
+} // namespace platform
