@@ -2,8 +2,8 @@
 
 #include "Quillet/cloud/AccountCheck.h"
 #include "Quillet/cloud/CloudKitService.h"
-#include "platform/screens/controllers/Alert.h"
 #include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/controllers/Alert.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QShortcut>
@@ -48,11 +48,6 @@ HomeListViewController::HomeListViewController(QWidget* parent)
     column->setSpacing(0);
     column->addLayout(bar);
     column->addWidget(m_snippetList);
-
-    // The list lies on the background, not on a field of its own.
-    QPalette palette = m_snippetList->palette();
-    palette.setBrush(QPalette::Base, Qt::NoBrush);
-    m_snippetList->setPalette(palette);
 
     m_snippetList->onSelectSnippet = [this](const auto& snippet) {
         if (delegate) delegate->didSelect(snippet);

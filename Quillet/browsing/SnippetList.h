@@ -1,8 +1,7 @@
 #pragma once
 
 #include "Quillet/browsing/SnippetTree.h"
-
-#include <QtWidgets/QTreeView>
+#include "platform/screens/list/ListView.h"
 
 #include <functional>
 #include <set>
@@ -11,7 +10,7 @@ namespace quillet {
 
 // The sidebar list: three collapsible groups, their members, and the snippets below. A rebuild keeps the open
 // rows, the scroll position and the current row. Main thread.
-class SnippetList : public QTreeView {
+class SnippetList : public platform::ListView {
     Q_OBJECT
 
 public:
@@ -23,21 +22,12 @@ public:
     // Finds nothing but what is in listItems, so after a creation the selection is cleared.
     void select(const std::shared_ptr<Snippet>& snippet);
 
-protected:
-    void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-
 private:
-    void rememberState();
-    void restoreState();
-    void activate(const QModelIndex& index);
+    platform::Menu menuFor(const std::shared_ptr<Snippet>& snippet);
 
     SnippetListModel* m_viewModel;
     SnippetTree m_tree;
-    std::set<QString> m_expanded;         // keys of the open rows
-    Snippet* m_selectedSnippet = nullptr; // compared, never followed
-    QString m_selectedGroup;              // the member under which it was selected
-    int m_scroll = 0;
+    std::set<QString> m_openRows; // their keys
 };
 
 } // namespace quillet

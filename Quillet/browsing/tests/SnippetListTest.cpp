@@ -29,6 +29,13 @@ protected:
         return {};
     }
 
+    static void openAll(SnippetList& list, const QModelIndex& under = {}) {
+        for (int row = 0; row < list.model()->rowCount(under); ++row) {
+            list.setOpen(list.model()->index(row, 0, under), true);
+            openAll(list, list.model()->index(row, 0, under));
+        }
+    }
+
     static void click(SnippetList& list, const QString& title) {
         const QModelIndex index = find(*list.model(), title);
         list.scrollTo(index);
@@ -54,12 +61,12 @@ TEST_F(SnippetListTest, RowsOpenByAClickAndStayOpenOverARebuild) {
 
     for (int i = 0; i < 20; ++i)
         add(QStringLiteral("more %1").arg(i), QStringLiteral("c"));
-    EXPECT_TRUE(list.isExpanded(find(*list.model(), QStringLiteral("Languages"))));
-    EXPECT_TRUE(list.isExpanded(find(*list.model(), QStringLiteral("swift"))));
-    EXPECT_FALSE(list.isExpanded(find(*list.model(), QStringLiteral("c"))));
+    EXPECT_TRUE(list.isOpen(find(*list.model(), QStringLiteral("Languages"))));
+    EXPECT_TRUE(list.isOpen(find(*list.model(), QStringLiteral("swift"))));
+    EXPECT_FALSE(list.isOpen(find(*list.model(), QStringLiteral("c"))));
     EXPECT_EQ(list.currentIndex().data().toString(), QStringLiteral("one"));
     click(list, QStringLiteral("swift"));
-    EXPECT_FALSE(list.isExpanded(find(*list.model(), QStringLiteral("swift"))));
+    EXPECT_FALSE(list.isOpen(find(*list.model(), QStringLiteral("swift"))));
 }
 
 TEST_F(SnippetListTest, ARebuildKeepsTheScrollPosition) {
@@ -69,7 +76,7 @@ TEST_F(SnippetListTest, ARebuildKeepsTheScrollPosition) {
     SnippetList list(model);
     list.resize(300, 300);
     list.show();
-    list.expandAll();
+    openAll(list);
     turn();
     list.verticalScrollBar()->setValue(500);
     add(QStringLiteral("zz"), QStringLiteral("swift"));
@@ -96,7 +103,7 @@ TEST_F(SnippetListTest, ASelectionFromOutsideIsCleared) {
     const auto snippet = add(QStringLiteral("one"), QStringLiteral("swift"));
     SnippetListModel model;
     SnippetList list(model);
-    list.expandAll();
+    openAll(list);
     list.setCurrentIndex(find(*list.model(), QStringLiteral("one")));
     ASSERT_TRUE(list.selectionModel()->hasSelection());
     list.select(snippet);
