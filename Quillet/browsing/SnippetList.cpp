@@ -7,17 +7,13 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 
-#include <array>
+#include <algorithm>
 
 namespace quillet {
 
 namespace {
 
 using platform::MenuAction;
-
-// The groups in the order of their rows.
-constexpr int foldersRow = 0;
-constexpr int tagsRow = 1;
 
 } // namespace
 
@@ -45,36 +41,45 @@ SnippetList::SnippetList(SnippetListModel& viewModel, platform::ViewController& 
     setModel(&m_tree);
 }
 
-const ListItemType* SnippetList::memberAt(const QModelIndex& index) const {
-    if (m_tree.levelOf(index) != SnippetTree::Level::Member) return nullptr;
-    const std::array groups{&m_viewModel->folderItems, &m_viewModel->tagItems, &m_viewModel->languageItems};
-    const auto& members = groups.at(static_cast<std::size_t>(index.parent().row()))->value();
-    return &members.at(static_cast<std::size_t>(index.row()))->type();
-}
-
 bool SnippetList::contains(const QModelIndex& index) const {
-    if (const auto* member = memberAt(index)) return m_expanded.contains(*member);
-    const std::array groups{m_expanded.showFolders, m_expanded.showTags, m_expanded.showLanguages};
-    return groups.at(static_cast<std::size_t>(index.row()));
+    switch (index.parent().isValid() ? SnippetTree::GroupCount : index.row()) {
+    case SnippetTree::FolderGroup:
+        return m_expanded.showFolders;
+    case SnippetTree::TagGroup:
+        return m_expanded.showTags;
+    case SnippetTree::LanguageGroup:
+        return m_expanded.showLanguages;
+    default:
+        return m_expanded.contains(m_tree.itemAt(index)->type());
+    }
 }
 
 void SnippetList::setExpanded(const QModelIndex& index, bool isExpanded) {
-    if (const auto* member = memberAt(index)) return m_expanded.set(*member, isExpanded);
-    const std::array groups{&m_expanded.showFolders, &m_expanded.showTags, &m_expanded.showLanguages};
-    *groups.at(static_cast<std::size_t>(index.row())) = isExpanded;
+    switch (index.parent().isValid() ? SnippetTree::GroupCount : index.row()) {
+    case SnippetTree::FolderGroup:
+        m_expanded.showFolders = isExpanded;
+        break;
+    case SnippetTree::TagGroup:
+        m_expanded.showTags = isExpanded;
+        break;
+    case SnippetTree::LanguageGroup:
+        m_expanded.showLanguages = isExpanded;
+        break;
+    default:
+        m_expanded.set(m_tree.itemAt(index)->type(), isExpanded);
+    }
 }
 
 void SnippetList::choose(const QModelIndex& index) {
     const auto snippet = m_tree.snippetAt(index);
     if (!snippet) return;
     m_selectedSnippet = snippet;
-    selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
     if (onSelectSnippet) onSelectSnippet(snippet);
 }
 
 void SnippetList::pressHeaderButton(const QModelIndex& index) {
-    if (index.row() == foldersRow && onAddFolder) onAddFolder();
-    if (index.row() == tagsRow && onEditTags) onEditTags();
+    const auto& run = index.row() == SnippetTree::FolderGroup ? onAddFolder : onEditTags;
+    if (run) run();
 }
 
 void SnippetList::select(const std::shared_ptr<Snippet>& snippet) {
@@ -112,11 +117,11 @@ MenuAction SnippetList::deletionOf(const std::shared_ptr<Snippet>& snippet) {
 
 std::optional<MenuAction> SnippetList::deletionOf(const QModelIndex& index) {
     if (const auto snippet = m_tree.snippetAt(index)) return deletionOf(snippet);
-    const auto* member = memberAt(index);
-    if (!member) return std::nullopt;
-    if (const auto* tag = std::get_if<std::shared_ptr<Tag>>(member))
+    const auto item = m_tree.itemAt(index);
+    if (!item) return std::nullopt;
+    if (const auto* tag = std::get_if<std::shared_ptr<Tag>>(&item->type()))
         return confirmedDeletion<Tag, TagService>(tagKind, *tag);
-    if (const auto* folder = std::get_if<std::shared_ptr<Folder>>(member))
+    if (const auto* folder = std::get_if<std::shared_ptr<Folder>>(&item->type()))
         return confirmedDeletion<Folder, FolderService>(folderKind, *folder);
     return std::nullopt;
 }

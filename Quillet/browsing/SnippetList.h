@@ -34,8 +34,6 @@ public:
     void select(const std::shared_ptr<Snippet>& snippet);
 
 private:
-    // Null for a group.
-    const ListItemType* memberAt(const QModelIndex& index) const;
     bool contains(const QModelIndex& index) const;
     void setExpanded(const QModelIndex& index, bool isExpanded);
 
