@@ -17,8 +17,8 @@ QUuid identity(const std::shared_ptr<T>& object) {
 
 template <typename Members, typename T>
 auto findMember(Members& members, const T& member) {
-    return std::ranges::find_if(
-        members, [&member](const auto& other) { return identity(other) == identity(member); });
+    return std::ranges::find_if(members,
+                                [&member](const auto& other) { return identity(other) == identity(member); });
 }
 
 // Calls `use` with the array of the row's kind and the row in it; false where no array is of its kind.

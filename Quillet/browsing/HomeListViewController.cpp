@@ -38,8 +38,8 @@ void HomeListViewController::addBarButtons() {
 void HomeListViewController::viewDidLoad() {
     ViewController::viewDidLoad();
     // Nobody posts it, and the repositories tell of every change; whoever does may do so all the same.
-    m_contentUpdates =
-        platform::NotificationCenter::defaultCenter().addObserver(cloudKitUpdateNotification, [](const auto&) {});
+    m_contentUpdates = platform::NotificationCenter::defaultCenter().addObserver(cloudKitUpdateNotification,
+                                                                                 [](const auto&) {});
     buildSortMenu();
     m_model = std::make_unique<SnippetListModel>();
     auto list = makeSnippetList();
@@ -65,15 +65,14 @@ std::unique_ptr<SnippetList> HomeListViewController::makeSnippetList() {
         SelectionNavigationController::present(*this, std::make_unique<FolderSelectionView>(nullptr));
     };
     list->onEditTags = [this] {
-        SelectionNavigationController::present(*this,
-                                               std::make_unique<TagSelectionView>(nullptr, tagColors));
+        SelectionNavigationController::present(*this, std::make_unique<TagSelectionView>(nullptr, tagColors));
     };
     return list;
 }
 
 void HomeListViewController::buildSortMenu() {
-    m_sortButton->setMenu(sortMenu(UserSettings::shared().sortIndex.value(),
-                                   [this](qint64 sortIndex) { setSort(sortIndex); }));
+    m_sortButton->setMenu(
+        sortMenu(UserSettings::shared().sortIndex.value(), [this](qint64 sortIndex) { setSort(sortIndex); }));
 }
 
 void HomeListViewController::setSort(qint64 sortIndex) {

@@ -32,6 +32,7 @@ struct ItemKind {
 inline const ItemKind tagKind{QStringLiteral("Tag"), QStringLiteral("Tags"), QStringLiteral("tag.fill"),
                               SaveReason::AddedTag, SaveReason::DeletedTag};
 inline const ItemKind folderKind{QStringLiteral("Folder"), QStringLiteral("Folders"),
-                                 QStringLiteral("folder.fill"), SaveReason::AddedFolder, SaveReason::DeletedFolder};
+                                 QStringLiteral("folder.fill"), SaveReason::AddedFolder,
+                                 SaveReason::DeletedFolder};
 
 } // namespace quillet

@@ -20,8 +20,8 @@ void NewItemForm::viewDidLoad() {
     m_nameField = new QuilletTextField(name, name);
     form->addSection(m_kind->detailsTitle()).addWidget(m_nameField);
     addSections(*form);
-    auto saveButton = std::make_unique<platform::SymbolButton>(QStringLiteral("plus.app.fill"),
-                                                               QStringLiteral("Save"));
+    auto saveButton =
+        std::make_unique<platform::SymbolButton>(QStringLiteral("plus.app.fill"), QStringLiteral("Save"));
     connect(saveButton.get(), &QAbstractButton::clicked, this, &NewItemForm::save);
     connect(m_nameField, &QuilletTextField::returnPressed, this, &NewItemForm::save);
     form->addWidget(std::move(saveButton));

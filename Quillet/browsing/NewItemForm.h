@@ -14,7 +14,8 @@ namespace quillet {
 
 class QuilletTextField;
 
-// A form for a new tag or folder. Only a truly empty name is refused, with the same words for both. Main thread.
+// A form for a new tag or folder. Only a truly empty name is refused, with the same words for both. Main
+// thread.
 class NewItemForm : public platform::ViewController {
     Q_OBJECT
 

@@ -47,11 +47,6 @@ int SelectionRows::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : firstItemRow + static_cast<int>(m_items.size());
 }
 
-Qt::ItemFlags SelectionRows::flags(const QModelIndex& index) const {
-    const auto base = QAbstractListModel::flags(index) | Qt::ItemNeverHasChildren;
-    return index.row() == headingRow ? base & ~Qt::ItemIsSelectable : base;
-}
-
 QVariant SelectionRows::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     if (index.row() == newRow) return newRowData(role);

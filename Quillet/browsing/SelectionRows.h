@@ -11,8 +11,8 @@
 
 namespace quillet {
 
-// The rows of a sheet of tags or folders: the way to the form, a heading, and the existing ones, those checked
-// that the snippet has. Follows the library. Main thread.
+// The rows of a sheet of tags or folders: the way to the form, a heading, and the existing ones, those
+// checked that the snippet has. Follows the library. Main thread.
 class SelectionRows : public QAbstractListModel {
     Q_OBJECT
 
@@ -31,7 +31,6 @@ public:
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
     static constexpr int newRow = 0;

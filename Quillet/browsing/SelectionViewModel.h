@@ -13,8 +13,8 @@
 
 namespace quillet {
 
-// All tags or all folders as a live list, and what it means that a snippet has one. Nothing here saves but the
-// removal. Main thread.
+// All tags or all folders as a live list, and what it means that a snippet has one. Nothing here saves but
+// the removal. Main thread.
 class SelectionViewModel {
 public:
     using Item = platform::ManagedObject;
@@ -62,9 +62,7 @@ public:
 
     QString titleOf(const Item& item) const override { return static_cast<const T&>(item).title(); }
 
-    void remove(Item& item) override {
-        m_service->remove(static_cast<T&>(item), Service::Snippets::Keep);
-    }
+    void remove(Item& item) override { m_service->remove(static_cast<T&>(item), Service::Snippets::Keep); }
 
 private:
     void take(const typename Repository<T>::Results& results) {

@@ -8,6 +8,7 @@
 #include <QtGui/QGuiApplication>
 
 #include <algorithm>
+#include <array>
 
 namespace quillet {
 
@@ -41,33 +42,22 @@ SnippetList::SnippetList(SnippetListModel& viewModel, platform::ViewController& 
     setModel(&m_tree);
 }
 
-bool SnippetList::contains(const QModelIndex& index) const {
-    switch (index.parent().isValid() ? SnippetTree::GroupCount : index.row()) {
-    case SnippetTree::FolderGroup:
-        return m_expanded.showFolders;
-    case SnippetTree::TagGroup:
-        return m_expanded.showTags;
-    case SnippetTree::LanguageGroup:
-        return m_expanded.showLanguages;
-    default:
-        return m_expanded.contains(m_tree.itemAt(index)->type());
-    }
+bool* SnippetList::shownOf(const QModelIndex& index) {
+    if (index.parent().isValid()) return nullptr;
+    const std::array groups{&m_expanded.showFolders, &m_expanded.showTags, &m_expanded.showLanguages};
+    return groups.at(static_cast<std::size_t>(index.row()));
+}
+
+bool SnippetList::contains(const QModelIndex& index) {
+    const bool* shown = shownOf(index);
+    return shown ? *shown : m_expanded.contains(m_tree.itemAt(index)->type());
 }
 
 void SnippetList::setExpanded(const QModelIndex& index, bool isExpanded) {
-    switch (index.parent().isValid() ? SnippetTree::GroupCount : index.row()) {
-    case SnippetTree::FolderGroup:
-        m_expanded.showFolders = isExpanded;
-        break;
-    case SnippetTree::TagGroup:
-        m_expanded.showTags = isExpanded;
-        break;
-    case SnippetTree::LanguageGroup:
-        m_expanded.showLanguages = isExpanded;
-        break;
-    default:
+    if (bool* shown = shownOf(index))
+        *shown = isExpanded;
+    else
         m_expanded.set(m_tree.itemAt(index)->type(), isExpanded);
-    }
 }
 
 void SnippetList::choose(const QModelIndex& index) {
@@ -105,14 +95,13 @@ platform::Menu SnippetList::snippetMenu(const std::shared_ptr<Snippet>& snippet)
         if (onAddSnippetToFolder) onAddSnippetToFolder(snippet);
     };
     return {{},
-            {MenuAction{QStringLiteral("Copy Snippet"), QStringLiteral("doc"), copy},
-             deletionOf(snippet),
+            {MenuAction{QStringLiteral("Copy Snippet"), QStringLiteral("doc"), copy}, deletionOf(snippet),
              MenuAction{QStringLiteral("Add to folder"), QStringLiteral("folder.fill"), addToFolder}}};
 }
 
 MenuAction SnippetList::deletionOf(const std::shared_ptr<Snippet>& snippet) {
-    return {QStringLiteral("Delete Snippet"), QStringLiteral("trash"), [this, snippet] { deleteSnippet(snippet); },
-            MenuAction::Role::Destructive};
+    return {QStringLiteral("Delete Snippet"), QStringLiteral("trash"),
+            [this, snippet] { deleteSnippet(snippet); }, MenuAction::Role::Destructive};
 }
 
 std::optional<MenuAction> SnippetList::deletionOf(const QModelIndex& index) {

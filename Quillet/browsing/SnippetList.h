@@ -34,7 +34,9 @@ public:
     void select(const std::shared_ptr<Snippet>& snippet);
 
 private:
-    bool contains(const QModelIndex& index) const;
+    // Whether a top group is open; null for a member.
+    bool* shownOf(const QModelIndex& index);
+    bool contains(const QModelIndex& index);
     void setExpanded(const QModelIndex& index, bool isExpanded);
 
     void choose(const QModelIndex& index);

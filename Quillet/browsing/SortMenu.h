@@ -6,7 +6,8 @@
 
 namespace quillet {
 
-// The orders that the list can have, the one in force marked. `setSort` is called with the setting's new value.
+// The orders that the list can have, the one in force marked. `setSort` is called with the setting's new
+// value.
 platform::Menu sortMenu(qint64 sortIndex, const std::function<void(qint64)>& setSort);
 
 } // namespace quillet

@@ -1,9 +1,9 @@
 #include "Quillet/browsing/HomeListViewController.h"
 
 #include "Quillet/browsing/tests/ScreenDriver.h"
+#include "Quillet/cloud/CloudKitService.h"
 #include "Quillet/core/UserSettings.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
-#include "Quillet/cloud/CloudKitService.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/screens/controllers/NavigationController.h"
 
@@ -58,9 +58,9 @@ TEST_F(HomeListViewControllerTest, WarnsEachTimeItAppearsWhereNobodyIsSignedIn) 
     open();
     for (int appearance = 0; appearance < 2; ++appearance) {
         driver::waitFor<QWidget>(*navigation, QStringLiteral("iCloud"));
-        driver::waitFor<QWidget>(*navigation,
-                                 QStringLiteral("Sign into your iCloud account to use Quillet. Without this your "
-                                                "snippets will only ever save locally."));
+        driver::waitFor<QWidget>(
+            *navigation, QStringLiteral("Sign into your iCloud account to use Quillet. Without this your "
+                                        "snippets will only ever save locally."));
         driver::click(*navigation, QStringLiteral("Okay"));
         ASSERT_TRUE(QTest::qWaitFor([&] { return !home->presentedViewController(); }));
         home->hide();

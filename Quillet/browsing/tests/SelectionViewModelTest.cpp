@@ -1,6 +1,5 @@
 #include "Quillet/browsing/FolderSelectionViewModel.h"
 #include "Quillet/browsing/TagSelectionViewModel.h"
-
 #include "Quillet/core/SnippetService.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 

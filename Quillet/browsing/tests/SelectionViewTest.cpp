@@ -1,8 +1,7 @@
+#include "Quillet/browsing/ColorCircle.h"
 #include "Quillet/browsing/FolderSelectionView.h"
 #include "Quillet/browsing/SelectionNavigationController.h"
 #include "Quillet/browsing/TagSelectionView.h"
-
-#include "Quillet/browsing/ColorCircle.h"
 #include "Quillet/browsing/tests/ScreenDriver.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 
@@ -25,7 +24,9 @@ protected:
         present(std::make_unique<TagSelectionView>(of, colors));
     }
 
-    void openFolders(const std::shared_ptr<Snippet>& of) { present(std::make_unique<FolderSelectionView>(of)); }
+    void openFolders(const std::shared_ptr<Snippet>& of) {
+        present(std::make_unique<FolderSelectionView>(of));
+    }
 
     void present(std::unique_ptr<SelectionView> view) {
         SelectionNavigationController::present(window, std::move(view), [this] { ++closings; });
@@ -52,7 +53,8 @@ protected:
     }
 
     bool isChecked(const QString& title) const {
-        return data(title, ListView::AccessoryRole).toInt() == static_cast<int>(ListView::Accessory::Checkmark);
+        return data(title, ListView::AccessoryRole).toInt() ==
+               static_cast<int>(ListView::Accessory::Checkmark);
     }
 
     static void save() {

@@ -72,7 +72,8 @@ protected:
 
 TEST_F(SnippetListTest, ThreeClosedGroupsWithTheirImagesAndButtons) {
     open();
-    const QAbstractItemModelTester tester(list->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const QAbstractItemModelTester tester(list->model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
     ASSERT_EQ(list->model()->rowCount(), 3);
     const auto is = [&](int at, const QString& title, const QString& symbol, const QString& button) {
         const QModelIndex group = list->model()->index(at, 0);
@@ -113,7 +114,8 @@ TEST_F(SnippetListTest, MembersAndLeavesHaveTheImagesAndColoursOfTheirGroup) {
     EXPECT_EQ(row(QStringLiteral("red")).data(ListView::TintRole), red);
     EXPECT_EQ(row(QStringLiteral("work")).data(ListView::SymbolRole), QStringLiteral("folder.fill"));
     EXPECT_EQ(row(QStringLiteral("swift")).data(ListView::SymbolRole).toString(), QString());
-    for (const auto& [member, tint] : {std::pair(QStringLiteral("red"), red), {QStringLiteral("work"), grey},
+    for (const auto& [member, tint] : {std::pair(QStringLiteral("red"), red),
+                                       {QStringLiteral("work"), grey},
                                        {QStringLiteral("swift"), grey}}) {
         const QModelIndex leaf = row(QStringLiteral("one"), row(member));
         EXPECT_EQ(leaf.data(ListView::SymbolRole), QStringLiteral("doc.text.fill"));

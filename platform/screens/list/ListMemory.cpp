@@ -1,5 +1,7 @@
 #include "platform/screens/list/ListMemory.h"
 
+#include "platform/screens/list/RowContent.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -10,6 +12,9 @@ namespace {
 // Rows to look through on each side of where a row was, before others are tried.
 constexpr int nearby = 500;
 constexpr int everywhere = std::numeric_limits<int>::max();
+
+// So many rows on each side of one may go together with it before the row above takes its place.
+constexpr int heirsOnASide = 8;
 
 QModelIndex findAround(const QAbstractItemModel& model, const QModelIndex& parent, const QString& key,
                        int row, int reach) {
@@ -46,8 +51,22 @@ QModelIndex ListMemory::find(const QAbstractItemModel& model, const Place& place
     return index;
 }
 
+std::vector<ListMemory::Place> ListMemory::heirsOf(const QModelIndex& index) {
+    std::vector<Place> heirs;
+    for (QModelIndex at = index; at.isValid(); at = at.parent()) {
+        if (at != index) heirs.push_back(placeOf(at));
+        for (const int side : {1, -1})
+            for (int step = 1; step <= heirsOnASide; ++step) {
+                const QModelIndex heir = at.siblingAtRow(at.row() + side * step);
+                if (heir.isValid() && isChoosable(heir)) heirs.push_back(placeOf(heir));
+            }
+    }
+    return heirs;
+}
+
 void ListMemory::remember(const Rows& rows) {
     m_current = placeOf(rows.current);
+    m_heirs = heirsOf(rows.current);
     m_selected = placeOf(rows.selected);
     m_viewTop = rows.viewTop;
     m_seen.clear();
@@ -56,7 +75,10 @@ void ListMemory::remember(const Rows& rows) {
 }
 
 QModelIndex ListMemory::current(const QAbstractItemModel& model) const {
-    return find(model, m_current, everywhere);
+    if (const QModelIndex same = find(model, m_current, everywhere); same.isValid()) return same;
+    for (const Place& place : m_heirs)
+        if (const QModelIndex heir = find(model, place, nearby); heir.isValid()) return heir;
+    return {};
 }
 
 QModelIndex ListMemory::selected(const QAbstractItemModel& model) const {

@@ -19,8 +19,10 @@ public:
 
     void remember(const Rows& rows);
 
-    // After the reset; invalid for what is gone.
+    // After the reset. Where the row is gone, the one that takes its place: who stood behind it, else before it,
+    // else the row above it.
     QModelIndex current(const QAbstractItemModel& model) const;
+    // After the reset; invalid where it is gone.
     QModelIndex selected(const QAbstractItemModel& model) const;
     // Where the view must begin for the topmost row that is still visible to stand where it stood.
     int viewTop(const QAbstractItemModel& model, const VisibleRows& rows) const;
@@ -37,9 +39,11 @@ private:
     };
 
     static Place placeOf(const QModelIndex& index);
+    static std::vector<Place> heirsOf(const QModelIndex& index);
     static QModelIndex find(const QAbstractItemModel& model, const Place& place, int reach);
 
     Place m_current;
+    std::vector<Place> m_heirs; // who takes its place, in this order
     Place m_selected;
     std::vector<SeenPlace> m_seen;
     int m_viewTop = 0;

@@ -106,7 +106,7 @@ void paintRow(QPainter& painter, const RowContent& content, const RowParts& part
     if (!parts.button.isEmpty()) paintButton(painter, parts.button, content.buttonSymbol, look);
     if (!parts.chevron.isEmpty()) paintChevron(painter, parts.chevron, look);
     if (!parts.checkmark.isEmpty())
-        drawSymbol(painter, parts.checkmark, QStringLiteral("checkmark.alt"), color(Asset::Accent));
+        drawSymbol(painter, parts.checkmark, QStringLiteral("checkmark.circle"), color(Asset::Accent));
 }
 
 } // namespace platform
