@@ -3,7 +3,7 @@
 #include "Quillet/cloud/CoreDataMigrator.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/UserSettings.h"
-#include "platform/screens/appearance/DesktopAppearance.h"
+#include "platform/screens/appearance/DesktopSettings.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>

@@ -5,7 +5,7 @@
 #include "Quillet/screens/HealthBanner.h"
 #include "Quillet/screens/SnippetDetailsViewController.h"
 #include "Quillet/screens/SnippetViewController.h"
-#include "platform/screens/appearance/DesktopAppearance.h"
+#include "platform/screens/appearance/DesktopSettings.h"
 #include "platform/screens/controllers/Sheet.h"
 
 #include <QtGui/QCloseEvent>

@@ -1,5 +1,7 @@
 #include "platform/screens/appearance/Motion.h"
 
+#include "platform/screens/appearance/DesktopSettings.h"
+
 #include <QtWidgets/QApplication>
 
 #include <cmath>
@@ -19,7 +21,7 @@ qreal springWay(qreal time) {
 } // namespace
 
 bool reducesMotion() {
-    return !QApplication::isEffectEnabled(Qt::UI_General);
+    return DesktopSettings::shared().reducesMotion() || !QApplication::isEffectEnabled(Qt::UI_General);
 }
 
 QEasingCurve criticallyDampedSpring() {

@@ -4,28 +4,38 @@
 
 namespace platform {
 
-// The colours of the program by name, each with a light and a dark value.
+// The colours of the program by name, each with a light and a dark value. Every value keeps its contrast to
+// what it may stand on: text at least 4.5 to 1, symbols, dots and rings at least 3 to 1.
 enum class Asset {
-    Accent,
-    OnAccent,       // text and symbols on Accent
+    // What the rest stands on.
     BackgroundGrey, // behind everything
-    Card,           // groups of rows and sheets, on BackgroundGrey
-    Separator,
-    Selection,
+    Card,           // groups of rows, fields and sheets, on BackgroundGrey
+    Selection,      // rows and buttons that are chosen, pressed or under the pointer
+    Separator,      // lines and tracks between the above; says nothing by itself
+
+    // Text and symbols on BackgroundGrey, Card and Selection.
     Text,
     TextSecondary,
+    Accent, // what can be pressed; rings around what has the focus
+    HalcyonixBlue,
+    SystemRed, // what destroys, and what went wrong
+
+    // Text and symbols on Accent, and on SystemRed.
+    OnAccent,
+
+    // Symbols, dots and bars on BackgroundGrey, Card and Selection. No text.
     KindaGreen,
     BlueStart,
     GreenStart,
     Purple,
     SystemYellow,
     SystemOrange,
-    SystemRed,
     SystemPink,
     SystemGray,
     SystemBlack,
-    HalcyonixBlue,
     IconColor,
+
+    // The ends of a gradient that carries white text.
     GradientStart,
     GradientEnd,
 };

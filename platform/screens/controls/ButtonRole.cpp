@@ -1,0 +1,25 @@
+#include "platform/screens/controls/ButtonRole.h"
+
+#include <QtCore/QVariant>
+#include <QtWidgets/QPushButton>
+
+namespace platform {
+
+namespace {
+
+constexpr const char* roleProperty = "buttonRole";
+
+} // namespace
+
+void setButtonRole(QPushButton& button, ButtonRole role) {
+    button.setProperty(roleProperty, static_cast<int>(role));
+    button.update();
+}
+
+ButtonRole buttonRole(const QPushButton& button) {
+    const QVariant role = button.property(roleProperty);
+    if (role.isValid()) return static_cast<ButtonRole>(role.toInt());
+    return button.isFlat() ? ButtonRole::Plain : ButtonRole::Bordered;
+}
+
+} // namespace platform
