@@ -1,0 +1,7 @@
+#pragma once
+
+namespace halcyonix {
+
+enum class AnimationType { Present, Dismiss };
+
+} // namespace halcyonix

@@ -1,0 +1,10 @@
+#include "Halcyonix/Environment.h"
+
+namespace halcyonix {
+
+Environment& Environment::shared() {
+    static Environment environment;
+    return environment;
+}
+
+} // namespace halcyonix
