@@ -4,18 +4,34 @@
 #include <QtGui/QDrag>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QMouseEvent>
-#include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScroller>
 #include <QtWidgets/QToolTip>
 
 namespace platform {
 
+namespace {
+
+// A touchpad does not always say where its swipe ends: this long after its last movement.
+constexpr std::chrono::milliseconds wheelPause(150);
+
+bool isHorizontal(const QPoint& movement) {
+    return std::abs(movement.x()) > 2 * std::abs(movement.y());
+}
+
+} // namespace
+
 ListPointer::ListPointer(ListView& list)
-    : m_list(list) {
+    : m_list(list)
+    , m_swipe([this] { m_list.viewport()->update(); })
+    , m_wheelEnd(Timer::Kind::OneShot, wheelPause, [this] {
+        m_wheeled = 0;
+        m_swipe.release();
+    }) {
     // A finger that scrolls presses nothing.
     QObject::connect(QScroller::scroller(list.viewport()), &QScroller::stateChanged, &list, [this] {
-        if (QScroller::scroller(m_list.viewport())->state() == QScroller::Dragging) change(m_pressed, {});
+        if (QScroller::scroller(m_list.viewport())->state() == QScroller::Dragging) cancel();
     });
 }
 
@@ -51,9 +67,25 @@ RowLook ListPointer::lookOf(const QModelIndex& index) const {
     return look;
 }
 
+void ListPointer::rowsScrolled() {
+    m_swipe.close();
+    findHover();
+}
+
+void ListPointer::modelWasReset() {
+    m_swipe.closeAtOnce();
+    findHover();
+}
+
 void ListPointer::begin(const QPoint& at) {
     m_pressedAt = at;
-    change(m_pressed, targetAt(at));
+    if (!m_swipe.isUncovered()) {
+        change(m_pressed, targetAt(at));
+        return;
+    }
+    const auto row = m_list.rows().rowOf(m_swipe.index());
+    const bool isOnRow = row && m_list.rectOf(*row).contains(at);
+    m_swipe.press(isOnRow ? m_list.partsOf(*row).card : QRect(), at, m_list.layoutDirection());
 }
 
 void ListPointer::end(const QPoint& at) {
@@ -106,6 +138,8 @@ bool ListPointer::handle(QEvent& event) {
         const auto& help = static_cast<QHelpEvent&>(event);
         return showToolTip(help.pos(), help.globalPos());
     }
+    case QEvent::Wheel:
+        return wheel(static_cast<QWheelEvent&>(event));
     case QEvent::TouchBegin:
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd:
@@ -120,16 +154,67 @@ bool ListPointer::handle(QEvent& event) {
 void ListPointer::touch(QTouchEvent& event) {
     event.accept();
     if (event.type() == QEvent::TouchCancel || event.pointCount() != 1) {
-        change(m_pressed, {});
+        cancel();
         return;
     }
     const QPoint at = event.points().constFirst().position().toPoint();
-    if (event.type() == QEvent::TouchBegin)
+    if (event.type() == QEvent::TouchBegin) {
+        m_finger = Finger::Pressing;
+        m_fingerAt = at;
+        if (!isOnUncovered(at)) begin(at);
+        return;
+    }
+    fingerMoved(at);
+    if (event.type() != QEvent::TouchEnd) return;
+    const Finger finger = std::exchange(m_finger, Finger::Away);
+    if (finger == Finger::Swiping) m_swipe.release();
+    if (finger != Finger::Pressing) return;
+    if (isOnUncovered(at))
         begin(at);
-    else if ((at - m_pressedAt).manhattanLength() >= QApplication::startDragDistance())
-        change(m_pressed, {});
-    else if (event.type() == QEvent::TouchEnd)
+    else
         end(at);
+}
+
+void ListPointer::fingerMoved(const QPoint& at) {
+    const QPoint movement = at - m_fingerAt;
+    if (m_finger == Finger::Pressing && movement.manhattanLength() >= QApplication::startDragDistance()) {
+        change(m_pressed, {});
+        m_finger = isHorizontal(movement) && beginSwipe(m_fingerAt) ? Finger::Swiping : Finger::Other;
+    }
+    if (m_finger == Finger::Swiping) swipeBy(movement.x());
+}
+
+void ListPointer::cancel() {
+    change(m_pressed, {});
+    if (std::exchange(m_finger, Finger::Other) == Finger::Swiping) m_swipe.close();
+}
+
+bool ListPointer::isOnUncovered(const QPoint& at) const {
+    return m_swipe.isUncovered() && m_list.indexAt(at) == m_swipe.index();
+}
+
+bool ListPointer::beginSwipe(const QPoint& at) {
+    const auto row = m_list.rows().rowOf(m_list.indexAt(at));
+    if (!row || !m_list.swipeActions) return false;
+    auto actions = m_list.swipeActions(row->index);
+    if (actions.empty()) return false;
+    m_swipe.begin(row->index, std::move(actions), m_list.partsOf(*row).card.width());
+    return true;
+}
+
+void ListPointer::swipeBy(int pixelsToTheRight) {
+    m_swipe.moveTo(m_list.isRightToLeft() ? pixelsToTheRight : -pixelsToTheRight);
+}
+
+// Whether it is a swipe; a wheel that turns the other way scrolls.
+bool ListPointer::wheel(const QWheelEvent& event) {
+    const QPoint pixels = event.pixelDelta();
+    const bool goesOn = m_wheelEnd.isActive();
+    if (!goesOn && (!isHorizontal(pixels) || !beginSwipe(event.position().toPoint()))) return false;
+    m_wheeled += pixels.x();
+    swipeBy(m_wheeled);
+    m_wheelEnd.start();
+    return true;
 }
 
 bool ListPointer::showToolTip(const QPoint& at, const QPoint& onScreen) const {

@@ -1,6 +1,7 @@
 #include "platform/screens/list/ListView.h"
 
 #include "platform/screens/appearance/FocusRing.h"
+#include "platform/screens/list/AccessibleList.h"
 #include "platform/screens/list/DisclosureAnimation.h"
 #include "platform/screens/list/ListKeys.h"
 #include "platform/screens/list/ListMemory.h"
@@ -8,7 +9,6 @@
 #include "platform/screens/list/RowPainter.h"
 #include "platform/screens/menus/ContextMenuInteraction.h"
 
-#include <QtGui/QAccessible>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QScrollBar>
@@ -25,6 +25,7 @@ ListView::ListView(QWidget* parent)
     , m_memory(std::make_unique<ListMemory>())
     , m_keys(std::make_unique<ListKeys>(*this))
     , m_pointer(std::make_unique<ListPointer>(*this)) {
+    AccessibleList::install();
     setFrameShape(QFrame::NoFrame);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -49,7 +50,7 @@ void ListView::setOpenRows(OpenRows openRows) {
 }
 
 bool ListView::isOpen(const QModelIndex& index) const {
-    return m_openRows.contains && m_openRows.contains(index);
+    return index.isValid() && m_openRows.contains && m_openRows.contains(index);
 }
 
 void ListView::setOpen(const QModelIndex& index, bool isOpen) {
@@ -75,8 +76,7 @@ void ListView::showOpenness(const QModelIndex& index) {
     const int below = viewport()->height() - (rectOf(*row).top() + row->height);
     const bool isSeen = isVisible() && below < viewport()->height() + row->height;
     m_disclosure->slide(index, way, isSeen ? std::min(below, rows().heightBelow(index)) : 0);
-    QAccessibleStateChangeEvent event(this, {});
-    QAccessible::updateAccessibility(&event);
+    if (auto* accessible = AccessibleList::ifActive(*this)) accessible->tellOpenness(index);
 }
 
 void ListView::slideStep(const QModelIndex& index, SlideWay way, double part, int pixels) {
@@ -144,8 +144,9 @@ void ListView::restore() {
     }
     if (const auto selected = m_memory->selected(*model()); selected.isValid())
         selectionModel()->select(selected, QItemSelectionModel::ClearAndSelect);
-    m_pointer->findHover();
+    m_pointer->modelWasReset();
     viewport()->update();
+    if (auto* accessible = AccessibleList::ifActive(*this)) accessible->forgetGone();
 }
 
 void ListView::updateGeometries() {
@@ -166,7 +167,7 @@ int ListView::verticalOffset() const {
 
 void ListView::scrollContentsBy(int /*dx*/, int dy) {
     viewport()->scroll(0, dy);
-    m_pointer->findHover();
+    m_pointer->rowsScrolled();
 }
 
 QRect ListView::rectOf(const VisibleRow& row) const {
@@ -219,6 +220,18 @@ QRegion ListView::visualRegionForSelection(const QItemSelection& selection) cons
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QAbstractItemView::currentChanged(current, previous);
     updateRow(previous);
+    if (!hasFocus()) return;
+    if (auto* accessible = AccessibleList::ifActive(*this)) accessible->tell(QAccessible::Focus, current);
+}
+
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QAbstractItemView::selectionChanged(selected, deselected);
+    auto* accessible = AccessibleList::ifActive(*this);
+    if (!accessible) return;
+    for (const auto& index : deselected.indexes())
+        accessible->tell(QAccessible::SelectionRemove, index);
+    for (const auto& index : selected.indexes())
+        accessible->tell(QAccessible::SelectionAdd, index);
 }
 
 void ListView::updateRow(const QModelIndex& index) {
@@ -315,16 +328,25 @@ void ListView::paintEvent(QPaintEvent* event) {
     for (const auto& card : rows().cardsBetween(top, bottom))
         paintCard(painter, {cardMargin, card.top - offset, viewport()->width() - 2 * cardMargin,
                             card.bottom - card.top});
-    for (const auto& row : rows().rowsBetween(top, bottom)) {
-        const QRect rect = rectOf(row);
-        painter.save();
-        const int shown = std::min(row.height, row.clipBottom - row.top);
-        if (shown < row.height) painter.setClipRect(rect.x(), rect.y(), rect.width(), shown);
-        const auto content = contentOf(row.index);
-        paintRow(painter, content, platform::partsOf(content, row, rect, layoutDirection()), row.style,
-                 lookOf(row));
-        painter.restore();
+    for (const auto& row : rows().rowsBetween(top, bottom))
+        paintRow(painter, row);
+}
+
+void ListView::paintRow(QPainter& painter, const VisibleRow& row) const {
+    const QRect rect = rectOf(row);
+    const auto content = contentOf(row.index);
+    const RowParts parts = platform::partsOf(content, row, rect, layoutDirection());
+    const auto& swipe = m_pointer->swipe();
+    const int shown = std::min(row.height, row.clipBottom - row.top);
+    painter.save();
+    if (shown < row.height) painter.setClipRect(rect.x(), rect.y(), rect.width(), shown);
+    if (swipe.isUncovered() && swipe.index() == row.index) {
+        swipe.paint(painter, parts.card, layoutDirection());
+        painter.setClipRect(parts.card, Qt::IntersectClip);
+        painter.translate(isRightToLeft() ? swipe.offset() : -swipe.offset(), 0);
     }
+    platform::paintRow(painter, content, parts, row.style, lookOf(row));
+    painter.restore();
 }
 
 } // namespace platform

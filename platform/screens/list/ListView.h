@@ -104,6 +104,7 @@ protected:
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     bool viewportEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -116,8 +117,8 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    friend class AccessibleList;
     friend class AccessibleRow;
+    friend class AccessibleRowButton;
     friend class ListKeys;
     friend class ListPointer;
 
@@ -126,6 +127,7 @@ private:
     QRect rectOf(const VisibleRow& row) const;
     RowParts partsOf(const VisibleRow& row) const;
     RowLook lookOf(const VisibleRow& row) const;
+    void paintRow(QPainter& painter, const VisibleRow& row) const;
 
     void connectModel();
     void forgetLayout();

@@ -74,10 +74,11 @@ void paintChevron(QPainter& painter, const QRectF& place, const RowLook& look) {
 }
 
 void paintText(QPainter& painter, const QRect& place, const QString& text, const QFont& font, Asset ink,
-               Qt::Alignment alignment, Qt::LayoutDirection direction) {
+               Qt::Alignment alignment) {
     painter.setFont(font);
     painter.setPen(color(ink));
-    painter.setLayoutDirection(direction);
+    // Its own direction, so that it is cut off where it ends.
+    painter.setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(place, static_cast<int>(Qt::AlignVCenter | alignment) | Qt::TextSingleLine,
                      QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));
 }
@@ -99,10 +100,10 @@ void paintRow(QPainter& painter, const RowContent& content, const RowParts& part
     if (!parts.symbol.isEmpty()) drawSymbol(painter, parts.symbol, content.symbol, color(content.tint));
     const auto start = look.direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
     paintText(painter, parts.title, content.title, titleFont(style, look.isSelected), inkOf(style),
-              start | Qt::AlignAbsolute, look.direction);
+              start | Qt::AlignAbsolute);
     if (!parts.detail.isEmpty())
         paintText(painter, parts.detail, content.detail, titleFont(RowStyle::Row, false),
-                  Asset::TextSecondary, Qt::AlignHCenter, look.direction);
+                  Asset::TextSecondary, Qt::AlignHCenter);
     if (!parts.button.isEmpty()) paintButton(painter, parts.button, content.buttonSymbol, look);
     if (!parts.chevron.isEmpty()) paintChevron(painter, parts.chevron, look);
     if (!parts.checkmark.isEmpty())
