@@ -2,6 +2,8 @@
 
 #include "platform/screens/controllers/ViewController.h"
 
+#include <functional>
+#include <optional>
 #include <vector>
 
 namespace platform {
@@ -15,6 +17,7 @@ class NavigationController : public ViewController {
     Q_OBJECT
 
 public:
+    // A root is required.
     explicit NavigationController(std::unique_ptr<ViewController> root, QWidget* parent = nullptr);
     ~NavigationController() override;
 
@@ -23,6 +26,7 @@ public:
 
     ViewController* topViewController() const;
 
+    // A screen that comes or goes is there at once, with the focus; what moves is a picture.
     void pushViewController(std::unique_ptr<ViewController> controller, Animated animated = Animated::Yes);
     // Nothing happens at the root.
     void popViewController(Animated animated = Animated::Yes);
@@ -30,11 +34,34 @@ public:
     bool isNavigationBarHidden() const;
     void setNavigationBarHidden(bool isHidden);
 
-    NavigationBar& navigationBar() { return *m_bar; }
+    NavigationBar& navigationBar() const { return *m_bar; }
+
+    // Where a button at the root of the stack leads, named as what it leads to.
+    struct WayBack {
+        QString title;
+        std::function<void()> go;
+    };
+
+    void setWayBackFromRoot(std::optional<WayBack> wayBack);
+
+    // One screen back; nothing happens where there is none.
+    void goBack();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    enum class Way { Forth, Back };
+
+    void put(ViewController& controller);
+    void change(ViewController& from, ViewController& to, Way way, Animated animated,
+                std::function<void()> done);
+    void showBar();
+
     NavigationBar* m_bar;
+    QWidget* m_stage; // what the screens fill
     std::vector<ViewController*> m_viewControllers;
+    std::optional<WayBack> m_wayBack;
 };
 
 } // namespace platform

@@ -2,7 +2,11 @@
 
 #include "platform/screens/controllers/ViewController.h"
 
+#include <vector>
+
 namespace platform {
+
+class SplitDivider;
 
 // Two columns side by side where the window has room, one of them where it has not. F6 and Shift+F6 move the
 // focus between the columns. Owns both; main thread.
@@ -22,22 +26,39 @@ public:
     DisplayMode preferredDisplayMode = DisplayMode::Automatic;
 
     // Whether there is room for one column only: narrower than 720 points.
-    bool isCollapsed() const;
+    bool isCollapsed() const { return m_isCollapsed; }
 
-    // Brings the column up where it is collapsed. Beside each other both are up anyway.
+    // Brings the column up where it is collapsed; a navigation controller in the secondary one then has a
+    // button back to the primary one. Beside each other both are up anyway.
     void showColumn(Column column, Animated animated = Animated::Yes);
 
     Column topColumn() const { return m_topColumn; }
 
 Q_SIGNALS:
     void collapsedChanged(bool isCollapsed);
+    void topColumnChanged(platform::SplitViewController::Column column);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     // Asked when the columns collapse: whether the primary column stays on top and the secondary one is not
     // shown.
     virtual bool collapsesSecondaryOntoPrimary() { return false; }
 
 private:
+    void layOut();
+    void collapseIfNeeded();
+    void showColumns();
+    void showWayBack();
+    void setPrimaryWidth(int width);
+    void focusOtherColumn();
+
+    ViewController* m_primary;
+    ViewController* m_secondary;
+    QWidget* m_columns; // below what a subclass may put above them in this view's column layout
+    SplitDivider* m_divider;
+    int m_primaryWidth; // points, as the user last dragged it
+    bool m_isCollapsed = false;
     Column m_topColumn = Column::Primary;
 };
 

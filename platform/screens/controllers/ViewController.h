@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/screens/controllers/AppearanceTracker.h"
 #include "platform/screens/controllers/NavigationItem.h"
 #include "platform/screens/controllers/Presentation.h"
 
@@ -19,7 +20,8 @@ class SplitViewController;
 // The order over a life is viewDidLoad, once; then each time it comes up viewWillAppear, viewDidAppear, and
 // each time it goes viewWillDisappear, viewDidDisappear. It comes up when it becomes visible in its window,
 // whichever ancestor was shown; a window that is minimised or covered stays up. "Did" is told when what moves
-// has come to rest, in a later turn of the main loop at the earliest. Main thread.
+// has come to rest, in a later turn of the main loop at the earliest; a coming that turns into a going before
+// that has no "did", and the other way round. Main thread.
 class ViewController : public QWidget {
     Q_OBJECT
 
@@ -34,7 +36,8 @@ public:
 
     void setTitle(const QString& title);
 
-    // Runs viewDidLoad if it has not run yet. Becoming visible does so, too.
+    // Runs viewDidLoad if it has not run yet. Becoming visible does so, too, for those around it first; and
+    // for all inside a window, hidden or not, when the window first comes up.
     void loadViewIfNeeded();
 
     bool isViewLoaded() const { return m_isViewLoaded; }
@@ -44,7 +47,8 @@ public:
 
     void setPreferredContentSize(QSize size);
 
-    // The nearest one around this, or null.
+    // The nearest one around this, or null. What presents this is not around it.
+    ViewController* parentViewController() const;
     NavigationController* navigationController() const;
     SplitViewController* splitViewController() const;
 
@@ -73,6 +77,9 @@ public:
     // may ask first.
     virtual void cancelPresentation();
 
+Q_SIGNALS:
+    void preferredContentSizeChanged();
+
 protected:
     virtual void viewDidLoad() {}
 
@@ -95,6 +102,9 @@ private:
     NavigationItem m_navigationItem;
     QSize m_preferredContentSize;
     bool m_isViewLoaded = false;
+    AppearanceTracker::State m_appearance = AppearanceTracker::State::Gone;
+    Animated m_appearsAnimated = Animated::No; // or disappears
+    int m_holds = 0;                           // those who move it right now
 };
 
 } // namespace platform

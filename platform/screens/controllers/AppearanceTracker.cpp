@@ -1,0 +1,79 @@
+#include "platform/screens/controllers/AppearanceTracker.h"
+
+#include "platform/screens/controllers/ViewController.h"
+
+namespace platform {
+
+namespace {
+
+Animated animatedIf(bool isAnimated) {
+    return isAnimated ? Animated::Yes : Animated::No;
+}
+
+} // namespace
+
+void AppearanceTracker::shown(ViewController& controller) {
+    if (controller.m_appearance == State::Appearing || controller.m_appearance == State::Up) return;
+    // The toolkit shows children ahead of those around them.
+    auto* around = controller.parentViewController();
+    if (around && around->isVisible() && around->m_appearance == State::Gone) shown(*around);
+    controller.loadViewIfNeeded();
+    controller.m_appearance = State::Appearing;
+    controller.m_appearsAnimated = animatedIf(isHeld(controller));
+    settleLater(controller);
+    controller.viewWillAppear(controller.m_appearsAnimated);
+}
+
+void AppearanceTracker::hidden(ViewController& controller) {
+    willDisappear(controller);
+    settleLater(controller);
+}
+
+void AppearanceTracker::leave(ViewController& controller) {
+    willDisappear(controller);
+    for (auto* inside : controller.findChildren<ViewController*>())
+        willDisappear(*inside);
+}
+
+void AppearanceTracker::willDisappear(ViewController& controller) {
+    if (controller.m_appearance != State::Appearing && controller.m_appearance != State::Up) return;
+    controller.m_appearance = State::Disappearing;
+    controller.m_appearsAnimated = animatedIf(isHeld(controller));
+    controller.viewWillDisappear(controller.m_appearsAnimated);
+}
+
+bool AppearanceTracker::isHeld(const ViewController& controller) {
+    for (const auto* around = &controller; around; around = around->parentViewController())
+        if (around->m_holds > 0) return true;
+    return false;
+}
+
+void AppearanceTracker::settleLater(ViewController& controller) {
+    QMetaObject::invokeMethod(&controller, [&controller] { settle(controller); }, Qt::QueuedConnection);
+}
+
+void AppearanceTracker::settle(ViewController& controller) {
+    if (isHeld(controller)) return; // the end of the hold settles
+    if (controller.m_appearance == State::Appearing) {
+        controller.m_appearance = State::Up;
+        controller.viewDidAppear(controller.m_appearsAnimated);
+    } else if (controller.m_appearance == State::Disappearing && !controller.isVisible()) {
+        controller.m_appearance = State::Gone;
+        controller.viewDidDisappear(controller.m_appearsAnimated);
+    }
+}
+
+AppearanceTracker::Hold::Hold(ViewController& controller)
+    : m_controller(&controller) {
+    ++controller.m_holds;
+}
+
+AppearanceTracker::Hold::~Hold() {
+    if (!m_controller) return;
+    --m_controller->m_holds;
+    settleLater(*m_controller);
+    for (auto* inside : m_controller->findChildren<ViewController*>())
+        settleLater(*inside);
+}
+
+} // namespace platform
