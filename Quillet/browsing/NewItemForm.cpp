@@ -24,7 +24,8 @@ void NewItemForm::viewDidLoad() {
         std::make_unique<platform::SymbolButton>(QStringLiteral("plus.app.fill"), QStringLiteral("Save"));
     connect(saveButton.get(), &QAbstractButton::clicked, this, &NewItemForm::save);
     connect(m_nameField, &QuilletTextField::returnPressed, this, &NewItemForm::save);
-    form->addWidget(std::move(saveButton));
+    saveButton->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed); // the whole row is the target
+    form->addSection({}).addWidget(saveButton.release());                  // the form is its parent now
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(form);

@@ -25,11 +25,11 @@ class HomeListViewControllerTest : public TemporaryLibrary {
 protected:
     void open() {
         CoreDataStack::shared().save(SaveReason::AddedSnippet);
-        auto root = std::make_unique<HomeListViewController>();
-        home = root.get();
+        auto screen = std::make_unique<HomeListViewController>();
+        home = screen.get();
         home->delegate = &delegate;
         home->creationDelegate = &delegate;
-        navigation = std::make_unique<platform::NavigationController>(std::move(root));
+        navigation = std::make_unique<platform::NavigationController>(std::move(screen));
         navigation->resize(400, 700);
         navigation->show();
         navigation->activateWindow();

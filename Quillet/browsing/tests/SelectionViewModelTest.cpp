@@ -28,7 +28,9 @@ TEST_F(SelectionViewModelTest, FollowsTheLibrary) {
     CoreDataStack other(directory); // another program
     auto tag = std::make_shared<Tag>();
     other.viewContext().insert(tag);
+    tag->setValue(Tag::Id, QUuid::createUuid());
     tag->setValue(Tag::Title, QStringLiteral("second"));
+    tag->setValue(Tag::ColorIndex, 0);
     other.save(SaveReason::AddedTag);
     ASSERT_TRUE(context().mergeChanges());
     turn();
