@@ -10,7 +10,7 @@ namespace quillet {
 namespace {
 
 // Points.
-constexpr int targetSize = 48;
+constexpr int targetSize = 44;
 constexpr double discSize = 28;
 constexpr double markedRingSize = 36;
 constexpr double markedRingWidth = 2;

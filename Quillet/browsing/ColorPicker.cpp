@@ -46,8 +46,16 @@ QSize ColorPicker::sizeHint() const {
     return {widget()->sizeHint().width(), minimumSizeHint().height()};
 }
 
+// With room for the scroll bar where there is none for all circles.
 QSize ColorPicker::minimumSizeHint() const {
-    return {0, widget()->sizeHint().height() + horizontalScrollBar()->sizeHint().height()};
+    const QSize circles = widget()->sizeHint();
+    const bool scrolls = circles.width() > width();
+    return {0, circles.height() + (scrolls ? horizontalScrollBar()->sizeHint().height() : 0)};
+}
+
+void ColorPicker::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width()) updateGeometry();
 }
 
 bool ColorPicker::eventFilter(QObject* watched, QEvent* event) {
