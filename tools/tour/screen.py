@@ -79,8 +79,14 @@ def texts_of(node):
         yield Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text))
 
 
+def _is_called(node, name):
+    called = node.get_name() or ""
+    # Of a row its title is read, and then what stands at its end.
+    return called == name or (called.startswith(f"{name}, ") and node.get_role_name() == "tree item")
+
+
 def find(name, role=None):
-    matching = [node for node in nodes(role) if node.get_name() == name]
+    matching = [node for node in nodes(role) if _is_called(node, name)]
     # What was opened last lies on top.
     return matching[-1] if matching else None
 

@@ -6,6 +6,7 @@
 #include "Quillet/browsing/SnippetList.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "platform/foundation/bench/Samples.h"
+#include "platform/screens/controllers/ViewController.h"
 
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
@@ -185,7 +186,8 @@ void measureLists() {
     }
     {
         std::printf(" platform::ListView\n");
-        SnippetList list(model);
+        platform::ViewController presenter;
+        SnippetList list(model, presenter);
         list.setOpen(list.model()->index(SnippetTree::LanguageGroup, 0), true);
         list.setOpen(bigLanguage(*list.model()), true);
         Samples first;
