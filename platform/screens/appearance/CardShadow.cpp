@@ -9,7 +9,7 @@ namespace platform {
 namespace {
 
 constexpr int drop = 8;          // points, the light comes from above
-constexpr qreal strength = 0.28; // of black, where the card meets its shadow
+constexpr qreal strength = 0.16; // of black, where the card meets its shadow
 
 // Concentric outlines, each a little less dark: together they fall off like a blur.
 QPixmap makeShadow(int side, int cornerRadius) {
@@ -22,7 +22,7 @@ QPixmap makeShadow(int side, int cornerRadius) {
     for (int out = cardShadowReach; out >= 0; out--) {
         const qreal nearness = 1 - qreal(out) / cardShadowReach;
         const qreal inset = cardShadowReach - out;
-        painter.setBrush(QColor::fromRgbF(0, 0, 0, float(strength * nearness * nearness * nearness)));
+        painter.setBrush(QColor::fromRgbF(0, 0, 0, float(strength * nearness * nearness)));
         painter.drawRoundedRect(QRectF(picture.rect()).adjusted(inset, inset, -inset, -inset),
                                 cornerRadius + out, cornerRadius + out);
     }
