@@ -49,7 +49,7 @@ InfoCard::InfoCard(const Config& config, std::function<void()> onAction, QWidget
     end->addSpacing(markSize - inset);
     end->addWidget(m_chevron, 1, Qt::AlignVCenter);
     row->addLayout(end);
-    row->addSpacing(ringMargin);
+    row->addSpacing(config.cta ? markSize - padding : ringMargin);
 
     setAccessibleName(config.title);
     setAccessibleDescription(config.bodyText);
@@ -70,7 +70,7 @@ QVBoxLayout* InfoCard::makeTexts(const Config& config) {
     const auto add = [&](const QString& text, TextStyle style, QPalette::ColorRole role) {
         auto* label = platform::makeLabel(text, style, this, role);
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        label->setContentsMargins(ringMargin, 0, markSize - padding, 0);
+        label->setContentsMargins(ringMargin, 0, ringMargin, 0);
         column->addWidget(label);
     };
     add(config.title, TextStyle::Headline, QPalette::WindowText);
