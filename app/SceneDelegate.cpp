@@ -23,7 +23,8 @@ void SceneDelegate::willConnect() {
     // Ahead of the lists, which so never show what the check deletes.
     CoreDataMigrator::shared().start();
     platform::applyPalette();
-    m_window = std::make_unique<SnippetRootViewController>();
+    m_window = SnippetRootViewController::create();
+    m_window->preferredDisplayMode = platform::SplitViewController::DisplayMode::OneBesideSecondary;
     m_window->installEventFilter(this);
     m_window->resize(preferredWindowSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     m_window->show();

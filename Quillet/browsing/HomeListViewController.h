@@ -2,13 +2,12 @@
 
 #include "Quillet/browsing/SnippetList.h"
 #include "Quillet/core/NavigationDelegates.h"
-
-#include <QtWidgets/QWidget>
+#include "platform/screens/controllers/ViewController.h"
 
 namespace quillet {
 
 // The primary column: its title, the add button and the list. Main thread.
-class HomeListViewController : public QWidget {
+class HomeListViewController : public platform::ViewController {
     Q_OBJECT
 
 public:
@@ -21,7 +20,7 @@ public:
 
 protected:
     // Warns about a missing account, each time the list comes up.
-    void showEvent(QShowEvent* event) override;
+    void viewWillAppear(platform::Animated animated) override;
 
 private:
     SnippetListModel m_model;

@@ -1,10 +1,10 @@
 #include "Quillet/screens/AlertMaker.h"
 
-#include "platform/screens/controllers/Alert.h"
+#include "platform/screens/controllers/AlertController.h"
 
 namespace quillet {
 
-void showAlert(QWidget* over, const QString& message) {
+void showAlert(platform::ViewController& over, const QString& message) {
     platform::showAlert(over, QStringLiteral("Quillet"), message, QStringLiteral("Okay"));
 }
 

@@ -2,11 +2,13 @@
 
 #include <QtCore/QString>
 
-class QWidget;
+namespace platform {
+class ViewController;
+}
 
 namespace quillet {
 
 // An alert titled "Quillet" over the window of `over`, with one action "Okay". Returns at once.
-void showAlert(QWidget* over, const QString& message);
+void showAlert(platform::ViewController& over, const QString& message);
 
 } // namespace quillet

@@ -1,15 +1,14 @@
 #include "Quillet/screens/ListWithSelectionViewController.h"
 
 #include "Quillet/screens/OptionDelegate.h"
-#include "Quillet/screens/SheetBar.h"
 #include "platform/screens/appearance/Palette.h"
 #include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/controllers/NavigationController.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
 namespace quillet {
@@ -17,6 +16,7 @@ namespace quillet {
 namespace {
 
 constexpr int debounceMilliseconds = 100;
+constexpr QSize preferredSize(420, 510); // points
 
 } // namespace
 
@@ -24,15 +24,12 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
                                                                  const QStringList& options,
                                                                  const std::optional<QString>& selectedOption,
                                                                  QWidget* parent)
-    : QWidget(parent)
+    : ViewController(parent)
     , m_options(options)
     , m_searchBar(new QLineEdit(this))
     , m_list(new QListView(this)) {
-    auto* bar = new SheetBar(title, this);
-    connect(bar->addCancelButton(QStringLiteral("Close")), &QPushButton::clicked, this, [this] {
-        if (onClose) onClose();
-    });
-
+    setTitle(title);
+    setPreferredContentSize(preferredSize);
     m_searchBar->setPlaceholderText(QStringLiteral("Search"));
     m_searchBar->setAccessibleName(QStringLiteral("Search"));
     m_searchBar->setClearButtonEnabled(true);
@@ -62,7 +59,6 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 10, 16, 16);
     column->setSpacing(10);
-    column->addWidget(bar);
     column->addWidget(m_searchBar);
     column->addWidget(m_list);
 
@@ -72,8 +68,24 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
     connect(&m_debounce, &QTimer::timeout, this, &ListWithSelectionViewController::applyFilter);
 }
 
-void ListWithSelectionViewController::focusInEvent(QFocusEvent* /*event*/) {
-    m_searchBar->setFocus();
+void ListWithSelectionViewController::viewDidLoad() {
+    ViewController::viewDidLoad();
+    if (isPushed()) return;
+    navigationItem().addLeading(std::make_unique<platform::BarButtonItem>(
+        platform::BarButtonItem::Look{{}, QStringLiteral("Close")}, [this] { close(); }));
+}
+
+// Whether another screen lies below it.
+bool ListWithSelectionViewController::isPushed() const {
+    const auto* navigation = navigationController();
+    return navigation && navigation->viewControllers().front() != this;
+}
+
+void ListWithSelectionViewController::close() {
+    if (isPushed())
+        navigationController()->popViewController();
+    else
+        dismiss();
 }
 
 // Only the query is lowercased, so an option with a capital is found by its lower-case start alone.
@@ -84,7 +96,9 @@ void ListWithSelectionViewController::applyFilter() {
 }
 
 void ListWithSelectionViewController::choose(const QModelIndex& index) {
-    if (index.isValid() && onSelect) onSelect(index.data().toString());
+    if (!index.isValid()) return;
+    if (onSelect) onSelect(index.data().toString());
+    close();
 }
 
 // The arrows and Return work on the list while the search bar keeps the focus.

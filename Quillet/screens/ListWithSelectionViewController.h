@@ -1,9 +1,10 @@
 #pragma once
 
+#include "platform/screens/controllers/ViewController.h"
+
 #include <QtCore/QSortFilterProxyModel>
 #include <QtCore/QStringListModel>
 #include <QtCore/QTimer>
-#include <QtWidgets/QWidget>
 
 #include <functional>
 #include <optional>
@@ -14,8 +15,9 @@ class QListView;
 namespace quillet {
 
 // A searchable list of options with the selected one marked. The search matches the start of an option.
-// Main thread.
-class ListWithSelectionViewController : public QWidget {
+// Choosing one closes it, as its button Close does, which it has where no other button leads back. Main
+// thread.
+class ListWithSelectionViewController : public platform::ViewController {
     Q_OBJECT
 
 public:
@@ -23,13 +25,14 @@ public:
                                     const std::optional<QString>& selectedOption, QWidget* parent = nullptr);
 
     std::function<void(const QString&)> onSelect;
-    std::function<void()> onClose;
 
 protected:
-    void focusInEvent(QFocusEvent* event) override;
+    void viewDidLoad() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isPushed() const;
+    void close();
     void applyFilter();
     void choose(const QModelIndex& index);
 

@@ -6,10 +6,9 @@
 #include "Quillet/screens/AlertMaker.h"
 #include "Quillet/screens/Languages.h"
 #include "Quillet/screens/ListWithSelectionViewController.h"
-#include "Quillet/screens/SheetBar.h"
 #include "platform/screens/appearance/Palette.h"
-#include "platform/screens/controllers/Sheet.h"
 #include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/controllers/NavigationController.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
@@ -25,7 +24,7 @@ namespace quillet {
 
 namespace {
 
-constexpr QSize listSheetSize(420, 560);
+constexpr QSize preferredSize(460, 430); // points
 
 // A field counts as empty also with the one blank that an empty label holds.
 bool isEmpty(const QString& text) {
@@ -42,20 +41,20 @@ QLabel* caption(const QString& text, QWidget* buddy) {
 } // namespace
 
 SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snippet> snippet, QWidget* parent)
-    : QWidget(parent)
+    : ViewController(parent)
     , m_snippet(std::move(snippet))
     , m_nameField(new QLineEdit(this))
     , m_languageRow(new QPushButton(this))
     , m_languageDetailLabel(new QLabel(m_languageRow))
     , m_notesField(new QPlainTextEdit(this))
     , m_copySwitch(new QCheckBox(QStringLiteral("Import code from the clipboard"), this)) {
-    auto* bar =
-        new SheetBar(m_snippet ? QStringLiteral("Edit Snippet") : QStringLiteral("New Snippet"), this);
-    connect(bar->addCancelButton(QStringLiteral("Cancel")), &QPushButton::clicked, this, [this] {
-        if (onClose) onClose();
-    });
-    auto* saveButton = bar->addConfirmButton(QStringLiteral("Save"));
-    connect(saveButton, &QPushButton::clicked, this, &SnippetDetailsViewController::save);
+    setTitle(m_snippet ? QStringLiteral("Edit Snippet") : QStringLiteral("New Snippet"));
+    setPreferredContentSize(preferredSize);
+    using Look = platform::BarButtonItem::Look;
+    navigationItem().addLeading(
+        std::make_unique<platform::BarButtonItem>(Look{{}, QStringLiteral("Cancel")}, [this] { dismiss(); }));
+    navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
+        Look{{}, QStringLiteral("Save"), Look::Weight::Prominent}, [this] { save(); }));
 
     m_nameField->setPlaceholderText(QStringLiteral("Name"));
     m_nameField->setAccessibleName(QStringLiteral("Name"));
@@ -89,8 +88,6 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 10, 16, 16);
     column->setSpacing(8);
-    column->addWidget(bar);
-    column->addSpacing(4);
     const std::pair<QString, QWidget*> rows[] = {{QStringLiteral("&Name"), m_nameField},
                                                  {QStringLiteral("&Language"), m_languageRow},
                                                  {QStringLiteral("N&otes"), m_notesField}};
@@ -123,13 +120,10 @@ void SnippetDetailsViewController::showLanguage(const QString& language) {
 }
 
 void SnippetDetailsViewController::pickLanguage() {
-    auto* list = new ListWithSelectionViewController(QStringLiteral("Language"), languages(), m_language);
-    auto* sheet = platform::Sheet::present(list, this, listSheetSize);
-    list->onClose = [sheet] { sheet->dismiss(); };
-    list->onSelect = [this, sheet](const QString& language) {
-        showLanguage(language);
-        sheet->dismiss();
-    };
+    auto list = std::make_unique<ListWithSelectionViewController>(QStringLiteral("Language"), languages(),
+                                                                  m_language);
+    list->onSelect = [this](const QString& language) { showLanguage(language); };
+    navigationController()->pushViewController(std::move(list));
 }
 
 std::optional<QString> SnippetDetailsViewController::importedCode() const {
@@ -149,7 +143,7 @@ void SnippetDetailsViewController::writeChanges() {
 void SnippetDetailsViewController::save() {
     const QString title = m_nameField->text();
     if (isEmpty(title) || isEmpty(m_language)) {
-        showAlert(this, QStringLiteral("You need a title and language selected to create a snippet."));
+        showAlert(*this, QStringLiteral("You need a title and language selected to create a snippet."));
         return;
     }
     const bool isNew = !m_snippet;
@@ -163,10 +157,10 @@ void SnippetDetailsViewController::save() {
     if (isNew) {
         UserSettings::shared().lastLanguage.set(m_language);
         if (delegate) delegate->didCreate(m_snippet);
-    } else if (editDelegate) {
-        editDelegate->didEdit(m_snippet);
+    } else {
+        if (editDelegate) editDelegate->didEdit(m_snippet);
+        dismiss();
     }
-    if (onClose) onClose();
 }
 
 } // namespace quillet

@@ -2,10 +2,9 @@
 
 #include "Quillet/core/NavigationDelegates.h"
 #include "Quillet/core/Snippet.h"
+#include "platform/screens/controllers/ViewController.h"
 
-#include <QtWidgets/QWidget>
-
-#include <functional>
+#include <memory>
 #include <optional>
 
 class QCheckBox;
@@ -16,8 +15,9 @@ class QPushButton;
 
 namespace quillet {
 
-// The form that names a snippet, new or existing. Main thread.
-class SnippetDetailsViewController : public QWidget {
+// The form that names a snippet, new or existing. It is dismissed by its button Cancel and after an edit;
+// after a creation that is its delegate's to do. Main thread.
+class SnippetDetailsViewController : public platform::ViewController {
     Q_OBJECT
 
 public:
@@ -27,7 +27,6 @@ public:
 
     SnippetCreationDelegate* delegate = nullptr; // not owned
     SnippetEditDelegate* editDelegate = nullptr; // not owned
-    std::function<void()> onClose;
 
 private:
     void pickLanguage();

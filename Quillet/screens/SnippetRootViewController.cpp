@@ -1,67 +1,75 @@
 #include "Quillet/screens/SnippetRootViewController.h"
 
 #include "Quillet/browsing/HomeListViewController.h"
+#include "Quillet/controls/SnippetNavigationController.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/screens/HealthBanner.h"
 #include "Quillet/screens/SnippetDetailsViewController.h"
 #include "Quillet/screens/SnippetViewController.h"
-#include "platform/screens/appearance/DesktopSettings.h"
-#include "platform/screens/controllers/Sheet.h"
+#include "platform/screens/controllers/AlertController.h"
 
 #include <QtGui/QCloseEvent>
-#include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QVBoxLayout>
+#include <QtWidgets/QBoxLayout>
 
 namespace quillet {
 
-namespace {
+using platform::Animated;
+using Silent = SnippetViewController::Silent;
 
-// Points.
-constexpr int twoColumnsFrom = 720;
-constexpr int listWidth = 330;
-constexpr QSize detailsSheetSize(460, 480);
+std::unique_ptr<SnippetRootViewController> SnippetRootViewController::create() {
+    return std::make_unique<SnippetRootViewController>(
+        std::make_unique<SnippetNavigationController>(std::make_unique<HomeListViewController>()),
+        std::make_unique<SnippetNavigationController>(std::make_unique<SnippetViewController>()));
+}
 
-} // namespace
-
-SnippetRootViewController::SnippetRootViewController(QWidget* parent)
-    : QWidget(parent)
-    , m_homeListViewController(new HomeListViewController(this))
-    , m_snippetViewController(new SnippetViewController(this)) {
+void SnippetRootViewController::viewDidLoad() {
+    SplitViewController::viewDidLoad();
+    preferredDisplayMode = DisplayMode::OneBesideSecondary;
     setWindowTitle(QStringLiteral("Quillet"));
     setMinimumSize(320, 400);
+    static_cast<QBoxLayout*>(layout())->insertWidget(0, new HealthBanner(this));
+    for (auto* column : children())
+        if (const auto* navigation = qobject_cast<platform::NavigationController*>(column))
+            for (auto* controller : navigation->viewControllers())
+                adopt(*controller);
+    // What is left on the way back is saved.
+    connect(this, &SplitViewController::topColumnChanged, this, [this](Column column) {
+        if (column == Column::Primary && m_snippetViewController)
+            m_snippetViewController->saveContents(Silent::Yes);
+    });
+}
 
-    auto* columns = new QHBoxLayout;
-    columns->setContentsMargins(0, 0, 0, 0);
-    columns->setSpacing(0);
-    columns->addWidget(m_homeListViewController);
-    columns->addWidget(m_snippetViewController, 1);
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(0);
-    rows->addWidget(new HealthBanner(this));
-    rows->addLayout(columns, 1);
+void SnippetRootViewController::adopt(platform::ViewController& controller) {
+    if (auto* list = qobject_cast<HomeListViewController*>(&controller)) {
+        m_homeListViewController = list;
+        list->delegate = this;
+        list->onAdd = [this] { presentNewModally(); };
+    } else if (auto* editor = qobject_cast<SnippetViewController*>(&controller)) {
+        m_snippetViewController = editor;
+        editor->delegate = this;
+    }
+}
 
-    m_homeListViewController->delegate = this;
-    m_homeListViewController->onAdd = [this] { presentNewModally(); };
-    m_snippetViewController->delegate = this;
-    m_snippetViewController->onBack = [this] {
-        m_snippetViewController->saveContents(SnippetViewController::Silent::Yes);
-        showColumn(Column::Primary);
-    };
-    layOutColumns();
+void SnippetRootViewController::viewDidAppear(Animated animated) {
+    showColumn(Column::Primary, Animated::No);
+    SplitViewController::viewDidAppear(animated);
+}
+
+// A narrow window starts with the list.
+bool SnippetRootViewController::collapsesSecondaryOntoPrimary() {
+    return true;
 }
 
 void SnippetRootViewController::didSelect(const std::shared_ptr<Snippet>& snippet) {
+    if (!m_snippetViewController) return;
     showColumn(Column::Secondary);
-    m_snippetViewController->saveContents(SnippetViewController::Silent::Yes);
+    m_snippetViewController->saveContents(Silent::Yes);
     m_snippetViewController->setSnippet(snippet);
     setWindowTitle(snippet->title() + QStringLiteral(" - Quillet"));
 }
 
 void SnippetRootViewController::didDelete(const std::shared_ptr<Snippet>& snippet) {
-    if (m_snippetViewController->snippet() != snippet) return;
+    if (!m_snippetViewController || m_snippetViewController->snippet() != snippet) return;
     m_snippetViewController->setSnippet(nullptr);
     setWindowTitle(QStringLiteral("Quillet"));
 }
@@ -69,7 +77,8 @@ void SnippetRootViewController::didDelete(const std::shared_ptr<Snippet>& snippe
 void SnippetRootViewController::didCreate(const std::shared_ptr<Snippet>& snippet) {
     // What stood in the editor goes to its own snippet before the new one takes its place.
     didSelect(snippet);
-    m_homeListViewController->select(snippet);
+    if (m_homeListViewController) m_homeListViewController->select(snippet);
+    if (presentedViewController()) dismiss();
 }
 
 void SnippetRootViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {
@@ -77,52 +86,35 @@ void SnippetRootViewController::didEdit(const std::shared_ptr<Snippet>& snippet)
 }
 
 void SnippetRootViewController::save() {
-    m_snippetViewController->saveContents(SnippetViewController::Silent::No);
+    if (m_snippetViewController) m_snippetViewController->saveContents(Silent::No);
 }
 
 void SnippetRootViewController::presentNewModally() {
-    auto* details = new SnippetDetailsViewController;
+    auto details = std::make_unique<SnippetDetailsViewController>();
     details->delegate = this;
-    auto* sheet = platform::Sheet::present(details, this, detailsSheetSize);
-    details->onClose = [sheet] { sheet->dismiss(); };
-}
-
-void SnippetRootViewController::showColumn(Column column) {
-    m_column = column;
-    layOutColumns();
-}
-
-void SnippetRootViewController::layOutColumns() {
-    const bool isWide = width() >= twoColumnsFrom;
-    m_homeListViewController->setVisible(isWide || m_column == Column::Primary);
-    m_homeListViewController->setMaximumWidth(isWide ? listWidth : QWIDGETSIZE_MAX);
-    m_homeListViewController->setMinimumWidth(isWide ? listWidth : 0);
-    m_snippetViewController->setVisible(isWide || m_column == Column::Secondary);
-    m_snippetViewController->showsBackButton(!isWide);
-}
-
-void SnippetRootViewController::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    layOutColumns();
+    present(std::make_unique<SnippetNavigationController>(std::move(details)));
 }
 
 void SnippetRootViewController::closeEvent(QCloseEvent* event) {
     save();
     const auto& error = CoreDataStack::shared().health().value().saveError;
-    event->setAccepted(!error || confirmsLoss(error->message));
+    event->setAccepted(!error || m_acceptsLoss);
+    if (!event->isAccepted() && !m_question) askBeforeLoss(error->message);
 }
 
-bool SnippetRootViewController::confirmsLoss(const QString& reason) {
-    QMessageBox question(this);
-    question.setWindowTitle(QStringLiteral("Quillet"));
-    question.setText(QStringLiteral("Your last changes could not be saved. Quitting now loses them."));
-    question.setInformativeText(reason);
-    auto* stay = question.addButton(QStringLiteral("Keep Open"), QMessageBox::RejectRole);
-    question.addButton(QStringLiteral("Quit Anyway"), QMessageBox::DestructiveRole);
-    question.setDefaultButton(stay);
-    question.setEscapeButton(stay);
-    question.exec();
-    return question.clickedButton() != stay;
+void SnippetRootViewController::askBeforeLoss(const QString& reason) {
+    auto question = std::make_unique<platform::AlertController>(
+        QStringLiteral("Your last changes could not be saved. Quitting now loses them."), reason);
+    question->addAction(
+        {.title = QStringLiteral("Keep Open"), .style = platform::AlertAction::Style::Cancel, .handler = {}});
+    question->addAction({.title = QStringLiteral("Quit Anyway"),
+                         .style = platform::AlertAction::Style::Destructive,
+                         .handler = [this] {
+                             m_acceptsLoss = true;
+                             close();
+                         }});
+    m_question = question.get();
+    present(std::move(question));
 }
 
 } // namespace quillet

@@ -1,24 +1,26 @@
 #pragma once
 
 #include "Quillet/core/NavigationDelegates.h"
-
-#include <QtWidgets/QWidget>
+#include "platform/screens/controllers/SplitViewController.h"
 
 namespace quillet {
 
 class HomeListViewController;
 class SnippetViewController;
 
-// The window's root: the list beside the editor when there is room, one of the two when there is not.
-// Main thread.
-class SnippetRootViewController : public QWidget,
+// The window's root: the list beside the editor when there is room, one of the two when there is not. Finds
+// the two in its columns and is their delegate. Main thread.
+class SnippetRootViewController : public platform::SplitViewController,
                                   public SnippetSelectionDelegate,
                                   public SnippetCreationDelegate,
                                   public SnippetEditDelegate {
     Q_OBJECT
 
 public:
-    explicit SnippetRootViewController(QWidget* parent = nullptr);
+    using SplitViewController::SplitViewController;
+
+    // With the list in the first column and the editor in the second.
+    static std::unique_ptr<SnippetRootViewController> create();
 
     void didSelect(const std::shared_ptr<Snippet>& snippet) override;
     void didDelete(const std::shared_ptr<Snippet>& snippet) override;
@@ -30,19 +32,20 @@ public:
     void presentNewModally();
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
+    void viewDidLoad() override;
+    void viewDidAppear(platform::Animated animated) override;
+    bool collapsesSecondaryOntoPrimary() override;
+    // Saves; a window whose last changes could not be saved closes only after a question.
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    enum class Column { Primary, Secondary };
+    void adopt(platform::ViewController& controller);
+    void askBeforeLoss(const QString& reason);
 
-    void showColumn(Column column);
-    void layOutColumns();
-    bool confirmsLoss(const QString& reason);
-
-    HomeListViewController* m_homeListViewController;
-    SnippetViewController* m_snippetViewController;
-    Column m_column = Column::Primary; // the one on screen when there is room for one
+    HomeListViewController* m_homeListViewController = nullptr; // found in the tree
+    SnippetViewController* m_snippetViewController = nullptr;
+    QPointer<platform::ViewController> m_question;
+    bool m_acceptsLoss = false;
 };
 
 } // namespace quillet

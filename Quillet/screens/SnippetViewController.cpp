@@ -1,5 +1,6 @@
 #include "Quillet/screens/SnippetViewController.h"
 
+#include "Quillet/controls/SnippetNavigationController.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/KeyStore.h"
 #include "Quillet/core/Segment.h"
@@ -8,11 +9,9 @@
 #include "Quillet/screens/ListWithSelectionViewController.h"
 #include "Quillet/screens/SnippetDetailsViewController.h"
 #include "platform/foundation/DateFormats.h"
-#include "platform/screens/controllers/Sheet.h"
 #include "platform/screens/appearance/Symbol.h"
 
 #include <QtGui/QFontDatabase>
-#include <QtGui/QShortcut>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScroller>
@@ -35,20 +34,7 @@ const QString unreadableText =
 const QString placeholder = QStringLiteral("// Tap to add code");
 
 constexpr auto autoSaveInterval = 20s;
-constexpr QSize listSheetSize(420, 560);
-constexpr QSize detailsSheetSize(460, 480);
 constexpr qreal codePointSize = 14.0 * 72 / 96; // 14 points of the screen, of which there are 96 to the inch
-
-QToolButton* barButton(const QString& symbol, const QString& name, QWidget* parent) {
-    auto* button = new QToolButton(parent);
-    button->setIcon(platform::symbolIcon(symbol, Asset::Accent));
-    button->setIconSize({20, 20});
-    button->setMinimumSize(44, 40);
-    button->setAutoRaise(true);
-    button->setAccessibleName(name);
-    button->setToolTip(name);
-    return button;
-}
 
 // The value is what is read on the button; the name says of what.
 void showValue(QToolButton* chip, const QString& value) {
@@ -57,9 +43,13 @@ void showValue(QToolButton* chip, const QString& value) {
 }
 
 QToolButton* chip(const QString& symbol, const QString& name, QWidget* parent) {
-    auto* button = barButton(symbol, name, parent);
+    auto* button = new QToolButton(parent);
+    button->setIcon(platform::symbolIcon(symbol, Asset::Accent));
     button->setIconSize({16, 16});
-    button->setMinimumHeight(36);
+    button->setMinimumSize(44, 44);
+    button->setAutoRaise(true);
+    button->setAccessibleName(name);
+    button->setToolTip(name);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     return button;
 }
@@ -67,15 +57,10 @@ QToolButton* chip(const QString& symbol, const QString& name, QWidget* parent) {
 } // namespace
 
 SnippetViewController::SnippetViewController(QWidget* parent)
-    : QWidget(parent)
-    , m_backButton(barButton(QStringLiteral("chevron.left"), QStringLiteral("Back"), this))
-    , m_snippetNameLabel(new QLabel(this))
+    : ViewController(parent)
     , m_notesLabel(new QLabel(this))
     , m_languageButton(chip(QStringLiteral("doc.text.fill"), QStringLiteral("Language"), this))
     , m_themeButton(chip(QStringLiteral("paintpalette.fill"), QStringLiteral("Theme"), this))
-    , m_editButton(barButton(QStringLiteral("rectangle.and.pencil.and.ellipsis"),
-                             QStringLiteral("Edit Details"), this))
-    , m_saveButton(barButton(QStringLiteral("square.arrow.down"), QStringLiteral("Save"), this))
     , m_textView(new platform::TextView(this))
     , m_textStorage(new CodeAttributedString(*m_textView))
     , m_timer(platform::Timer::Kind::Repeating, autoSaveInterval, [this] { autoSave(); }) {
@@ -90,18 +75,10 @@ SnippetViewController::SnippetViewController(QWidget* parent)
     m_textView->setTabStopDistance(4 * QFontMetricsF(font).horizontalAdvance(u' '));
     QScroller::grabGesture(m_textView->viewport(), QScroller::TouchGesture);
 
-    buildBar();
-    connect(m_saveButton, &QToolButton::clicked, this, [this] { saveContents(Silent::No); });
-    // Not the button's own shortcut, which acts only after the button was shown pressed.
-    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this,
-            [this] { saveContents(Silent::No); });
-    m_saveButton->setToolTip(QStringLiteral("Save (Ctrl+S)"));
-    connect(m_editButton, &QToolButton::clicked, this, &SnippetViewController::presentDetails);
+    addBarButtons();
+    layOutViews();
     connect(m_languageButton, &QToolButton::clicked, this, &SnippetViewController::presentLanguages);
     connect(m_themeButton, &QToolButton::clicked, this, &SnippetViewController::presentThemes);
-    connect(m_backButton, &QToolButton::clicked, this, [this] {
-        if (onBack) onBack();
-    });
 
     m_changes = CoreDataStack::shared().viewContext().onChange(
         [this](const platform::ContextChanges& changes) { takeChanges(changes); });
@@ -110,24 +87,22 @@ SnippetViewController::SnippetViewController(QWidget* parent)
     setSnippet(nullptr);
 }
 
-void SnippetViewController::buildBar() {
-    QFont bold = m_snippetNameLabel->font();
-    bold.setPointSizeF(bold.pointSizeF() * 1.3);
-    bold.setBold(true);
-    m_snippetNameLabel->setFont(bold);
-    m_snippetNameLabel->setTextFormat(Qt::PlainText);
-    // A long name gives way to the buttons.
-    m_snippetNameLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+void SnippetViewController::addBarButtons() {
+    using Look = platform::BarButtonItem::Look;
+    auto save = std::make_unique<platform::BarButtonItem>(
+        Look{QStringLiteral("square.arrow.down"), QStringLiteral("Save")},
+        [this] { saveContents(Silent::No); });
+    save->setShortcut(QKeySequence::Save);
+    navigationItem().addTrailing(std::move(save));
+    m_editButton = &navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
+        Look{QStringLiteral("rectangle.and.pencil.and.ellipsis"), QStringLiteral("Edit Details")},
+        [this] { presentDetails(); }));
+}
+
+void SnippetViewController::layOutViews() {
     m_notesLabel->setTextFormat(Qt::PlainText);
     m_notesLabel->setForegroundRole(QPalette::PlaceholderText);
     m_notesLabel->setWordWrap(true);
-
-    auto* bar = new QHBoxLayout;
-    bar->setContentsMargins(12, 10, 12, 0);
-    bar->addWidget(m_backButton);
-    bar->addWidget(m_snippetNameLabel, 1);
-    bar->addWidget(m_editButton);
-    bar->addWidget(m_saveButton);
     auto* chips = new QHBoxLayout;
     chips->setContentsMargins(8, 0, 12, 6);
     chips->addWidget(m_languageButton);
@@ -137,12 +112,10 @@ void SnippetViewController::buildBar() {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
-    column->addLayout(bar);
     column->addWidget(m_notesLabel);
     column->addLayout(chips);
     column->addWidget(m_textView, 1);
     m_notesLabel->setContentsMargins(16, 0, 16, 0);
-    showsBackButton(false);
 }
 
 void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
@@ -166,7 +139,7 @@ void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
 }
 
 void SnippetViewController::showDescription() {
-    m_snippetNameLabel->setText(m_snippet ? m_snippet->title() : QString());
+    setTitle(m_snippet ? m_snippet->title() : QString());
     m_notesLabel->setText(m_snippet ? m_snippet->notes() : QString());
     m_notesLabel->setVisible(!m_notesLabel->text().isEmpty());
 }
@@ -227,7 +200,7 @@ void SnippetViewController::createFromText() {
     m_knownCode = m_textView->text();
     m_editButton->setEnabled(true);
     m_languageButton->setVisible(true);
-    m_snippetNameLabel->setText(m_snippet->title());
+    setTitle(m_snippet->title());
 }
 
 void SnippetViewController::autoSave() {
@@ -244,21 +217,16 @@ void SnippetViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {
 
 void SnippetViewController::presentDetails() {
     saveContents(Silent::Yes); // the form may replace the code, and it reloads this screen
-    auto* details = new SnippetDetailsViewController(m_snippet);
+    auto details = std::make_unique<SnippetDetailsViewController>(m_snippet);
     details->editDelegate = this;
-    auto* sheet = platform::Sheet::present(details, this, detailsSheetSize);
-    details->onClose = [sheet] { sheet->dismiss(); };
+    present(std::make_unique<SnippetNavigationController>(std::move(details)));
 }
 
 void SnippetViewController::presentLanguages() {
-    auto* list =
-        new ListWithSelectionViewController(QStringLiteral("Language"), languages(), m_selectedLanguage);
-    auto* sheet = platform::Sheet::present(list, this, listSheetSize);
-    list->onClose = [sheet] { sheet->dismiss(); };
-    list->onSelect = [this, sheet](const QString& language) {
-        selectLanguage(language);
-        sheet->dismiss();
-    };
+    auto list = std::make_unique<ListWithSelectionViewController>(QStringLiteral("Language"), languages(),
+                                                                  m_selectedLanguage);
+    list->onSelect = [this](const QString& language) { selectLanguage(language); };
+    present(std::make_unique<SnippetNavigationController>(std::move(list)));
 }
 
 void SnippetViewController::selectLanguage(const QString& language) {
@@ -272,15 +240,13 @@ void SnippetViewController::selectLanguage(const QString& language) {
 }
 
 void SnippetViewController::presentThemes() {
-    auto* list = new ListWithSelectionViewController(QStringLiteral("Theme"),
-                                                     platform::Highlightr::availableThemes(), m_currentTheme);
-    auto* sheet = platform::Sheet::present(list, this, listSheetSize);
-    list->onClose = [sheet] { sheet->dismiss(); };
-    list->onSelect = [this, sheet](const QString& theme) {
+    auto list = std::make_unique<ListWithSelectionViewController>(
+        QStringLiteral("Theme"), platform::Highlightr::availableThemes(), m_currentTheme);
+    list->onSelect = [this](const QString& theme) {
         setTheme(theme);
         KeyStore::shared().setCodeTheme(theme);
-        sheet->dismiss();
     };
+    present(std::make_unique<SnippetNavigationController>(std::move(list)));
 }
 
 void SnippetViewController::setTheme(const QString& theme) {
@@ -288,10 +254,6 @@ void SnippetViewController::setTheme(const QString& theme) {
     showValue(m_themeButton, theme);
     m_textStorage->highlightr().setTheme(theme);
     m_textStorage->themeChanged();
-}
-
-void SnippetViewController::showsBackButton(bool shows) {
-    m_backButton->setVisible(shows);
 }
 
 } // namespace quillet

@@ -4,12 +4,10 @@
 #include "Quillet/core/Snippet.h"
 #include "Quillet/screens/CodeAttributedString.h"
 #include "platform/foundation/Timer.h"
+#include "platform/screens/controllers/ViewController.h"
 #include "platform/screens/text/TextView.h"
 #include "platform/store/ManagedObjectContext.h"
 
-#include <QtWidgets/QWidget>
-
-#include <functional>
 #include <optional>
 
 class QLabel;
@@ -18,7 +16,7 @@ class QToolButton;
 namespace quillet {
 
 // The detail side of the window: one snippet's text, highlighted in the chosen theme. Main thread.
-class SnippetViewController : public QWidget, public SnippetEditDelegate {
+class SnippetViewController : public platform::ViewController, public SnippetEditDelegate {
     Q_OBJECT
 
 public:
@@ -26,7 +24,6 @@ public:
 
     // The detail column's own delegate; not owned.
     SnippetEditDelegate* delegate = nullptr;
-    std::function<void()> onBack;
 
     std::shared_ptr<Snippet> snippet() const { return m_snippet; }
 
@@ -40,10 +37,10 @@ public:
 
     void didEdit(const std::shared_ptr<Snippet>& snippet) override;
     void setTheme(const QString& theme);
-    void showsBackButton(bool shows);
 
 private:
-    void buildBar();
+    void addBarButtons();
+    void layOutViews();
     void presentDetails();
     void presentLanguages();
     void presentThemes();
@@ -60,13 +57,10 @@ private:
     platform::Subscription m_changes;
     QString m_selectedLanguage = QStringLiteral("swift");
     QString m_currentTheme;
-    QToolButton* m_backButton;
-    QLabel* m_snippetNameLabel;
     QLabel* m_notesLabel;
     QToolButton* m_languageButton;
     QToolButton* m_themeButton;
-    QToolButton* m_editButton;
-    QToolButton* m_saveButton;
+    platform::BarButtonItem* m_editButton = nullptr; // the navigation item owns it
     platform::TextView* m_textView;
     CodeAttributedString* m_textStorage;
     platform::Timer m_timer; // auto-save

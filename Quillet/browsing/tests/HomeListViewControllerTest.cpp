@@ -3,8 +3,6 @@
 #include "Quillet/core/tests/TemporaryLibrary.h"
 
 #include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QMessageBox>
 
 using namespace quillet;
 
@@ -12,7 +10,6 @@ namespace {
 
 class HomeListViewControllerTest : public TemporaryLibrary {
 protected:
-    static QMessageBox* warning() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
 };
 
 TEST_F(HomeListViewControllerTest, WarnsEachTimeItAppearsWhereNobodyIsSignedIn) {
@@ -20,10 +17,13 @@ TEST_F(HomeListViewControllerTest, WarnsEachTimeItAppearsWhereNobodyIsSignedIn) 
     HomeListViewController list;
     for (int appearance = 0; appearance < 2; ++appearance) {
         list.show();
-        ASSERT_TRUE(QTest::qWaitFor([] { return warning() != nullptr; }));
-        EXPECT_EQ(warning()->windowTitle(), QStringLiteral("iCloud"));
-        EXPECT_TRUE(warning()->text().startsWith(QStringLiteral("Sign into your iCloud account")));
-        warning()->close();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return list.presentedViewController() != nullptr; }));
+        auto* warning = list.presentedViewController();
+        EXPECT_EQ(warning->title(), QStringLiteral("iCloud"));
+        EXPECT_TRUE(
+            warning->accessibleDescription().startsWith(QStringLiteral("Sign into your iCloud account")));
+        warning->cancelPresentation();
+        EXPECT_EQ(list.presentedViewController(), nullptr);
         list.hide();
     }
 }

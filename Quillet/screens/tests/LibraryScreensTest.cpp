@@ -8,19 +8,18 @@
 #include "Quillet/screens/SnippetDetailsViewController.h"
 #include "Quillet/screens/SnippetRootViewController.h"
 #include "Quillet/screens/SnippetViewController.h"
+#include "platform/screens/controllers/AlertController.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtGui/QClipboard>
 #include <QtGui/QTextBlock>
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QToolButton>
 
 using namespace quillet;
 using platform::TextView;
@@ -32,29 +31,30 @@ protected:
     std::unique_ptr<SnippetRootViewController> window;
 
     void open(QSize size = {1100, 700}) {
-        window = std::make_unique<SnippetRootViewController>();
+        QApplication::setEffectEnabled(Qt::UI_General, false); // nothing slides
+        window = SnippetRootViewController::create();
         window->resize(size);
         window->show();
         window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
 
+    // What was opened last lies on top.
     template <typename T>
     T* named(const char* accessibleName) const {
+        T* found = nullptr;
         for (auto* widget : window->findChildren<T*>())
             if (widget->isVisible() &&
                 (widget->accessibleName() == QString::fromUtf8(accessibleName) ||
                  widget->property("text").toString() == QString::fromUtf8(accessibleName)))
-                return widget;
-        return nullptr;
+                found = widget;
+        return found;
     }
 
     TextView* code() const { return window->findChild<TextView*>(); }
 
-    // The window's bars hold tool buttons, the sheets push buttons.
-    template <typename Button = QToolButton>
     void click(const char* name) const {
-        auto* button = named<Button>(name);
+        auto* button = named<QAbstractButton>(name);
         ASSERT_NE(button, nullptr) << name;
         QTest::mouseClick(button, Qt::LeftButton);
         turn();
@@ -64,11 +64,11 @@ protected:
     void createByForm(const QString& name, const QString& language) const {
         click("Add");
         QTest::keyClicks(named<QLineEdit>("Name"), name);
-        click<QPushButton>("Language");
+        click("Language");
         QTest::keyClicks(named<QLineEdit>("Search"), language);
         QTest::keyClick(named<QLineEdit>("Search"), Qt::Key_Return);
         turn();
-        click<QPushButton>("Save");
+        click("Save");
     }
 
     static Repository<Snippet>::Results stored() {
@@ -102,11 +102,12 @@ TEST_F(LibraryScreens, TheFormTakesTheClipboardAndWantsNameAndLanguage) {
     open();
     QGuiApplication::clipboard()->setText(QStringLiteral("let a = 1"));
     click("Add");
-    click<QPushButton>("Save");
-    auto* alert = window->findChild<QMessageBox*>();
+    click("Save");
+    auto* alert = window->findChild<platform::AlertController*>();
     ASSERT_NE(alert, nullptr);
-    EXPECT_EQ(alert->text(), QStringLiteral("You need a title and language selected to create a snippet."));
-    QTest::mouseClick(alert->buttons().constFirst(), Qt::LeftButton);
+    EXPECT_EQ(alert->accessibleDescription(),
+              QStringLiteral("You need a title and language selected to create a snippet."));
+    click("Okay");
     EXPECT_EQ(stored().size(), 0U);
     QTest::keyClick(named<QLineEdit>("Name"), Qt::Key_Escape);
     turn();
@@ -115,11 +116,11 @@ TEST_F(LibraryScreens, TheFormTakesTheClipboardAndWantsNameAndLanguage) {
     click("Add");
     QTest::mouseClick(window->findChild<QCheckBox*>(), Qt::LeftButton, {}, QPoint(10, 22));
     QTest::keyClicks(named<QLineEdit>("Name"), QStringLiteral("  ")); // two blanks are a name
-    click<QPushButton>("Language");
+    click("Language");
     QTest::keyClicks(named<QLineEdit>("Search"), QStringLiteral("SWIFT"));
     QTest::keyClick(named<QLineEdit>("Search"), Qt::Key_Return);
     turn();
-    click<QPushButton>("Save");
+    click("Save");
     ASSERT_EQ(stored().size(), 1U);
     EXPECT_EQ(stored()[0]->code(), QStringLiteral("let a = 1"));
 }
@@ -231,7 +232,7 @@ TEST_F(LibraryScreens, TheFormLeavesWhatItDidNotChange) {
     other.save(SaveReason::AddedSnippet);
     ASSERT_TRUE(context().mergeChanges());
     QTest::keyClicks(named<QLineEdit>("Name"), QStringLiteral(" name"));
-    click<QPushButton>("Save");
+    click("Save");
     EXPECT_EQ(snippet->title(), QStringLiteral("Shared name"));
     EXPECT_EQ(snippet->notes(), QStringLiteral("zero\none\ntwo"));
     EXPECT_EQ(snippet->language(), QStringLiteral("python"));
@@ -319,19 +320,17 @@ TEST_F(LibraryScreens, ALibraryThatCannotBeOpenedSaysSoAndClosesOnlyOnRequest) {
     code()->setFocus();
     QTest::keyClicks(code(), QStringLiteral("precious"));
 
-    const auto answer = [&](const QString& text) {
-        QTimer::singleShot(0, window.get(), [this, text] {
-            auto* question = window->findChild<QMessageBox*>();
-            for (auto* button : question->buttons())
-                if (button->text() == text) button->click();
-        });
-    };
-    answer(QStringLiteral("Keep Open"));
     EXPECT_FALSE(window->close());
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(window->findChildren<platform::AlertController*>().size(), 1) << "asked once";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); // stays: the focus is on what loses nothing
+    turn();
+    EXPECT_EQ(window->presentedViewController(), nullptr);
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(code()->text(), QStringLiteral("precious"));
-    answer(QStringLiteral("Quit Anyway"));
-    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(window->close());
+    click("Quit Anyway");
+    EXPECT_FALSE(window->isVisible());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), "not a database");
 }

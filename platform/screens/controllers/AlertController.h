@@ -2,7 +2,12 @@
 
 #include "platform/screens/controllers/ViewController.h"
 
+#include <functional>
+#include <vector>
+
 namespace platform {
+
+class AlertButton;
 
 struct AlertAction {
     enum class Style { Default, Cancel, Destructive };
@@ -13,8 +18,8 @@ struct AlertAction {
 };
 
 // A short question or notice over the window, which has to be answered. Escape is the cancelling action, or
-// the only one. The focus is on the action that destroys nothing. Presented by whoever it concerns; main
-// thread.
+// the only one. The focus is on the cancelling action, else on the first that destroys nothing. Presented by
+// whoever it concerns, and gone once it is answered; main thread.
 class AlertController : public ViewController {
     Q_OBJECT
 
@@ -25,8 +30,19 @@ public:
 
     void cancelPresentation() override;
 
+protected:
+    void viewDidLoad() override; // the actions stand then
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    const AlertAction* preferredAction() const;
+    void layOutButtons();
+    void choose(const AlertAction& action);
+    bool fitBesideEachOther() const;
+
     std::vector<AlertAction> m_actions;
+    std::vector<AlertButton*> m_buttons; // in the order in which they lie
+    bool m_isAnswered = false;
 };
 
 // An alert with one action that only closes it.

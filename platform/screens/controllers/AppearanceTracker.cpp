@@ -4,14 +4,6 @@
 
 namespace platform {
 
-namespace {
-
-Animated animatedIf(bool isAnimated) {
-    return isAnimated ? Animated::Yes : Animated::No;
-}
-
-} // namespace
-
 void AppearanceTracker::shown(ViewController& controller) {
     if (controller.m_appearance == State::Appearing || controller.m_appearance == State::Up) return;
     // The toolkit shows children ahead of those around them.
@@ -19,7 +11,7 @@ void AppearanceTracker::shown(ViewController& controller) {
     if (around && around->isVisible() && around->m_appearance == State::Gone) shown(*around);
     controller.loadViewIfNeeded();
     controller.m_appearance = State::Appearing;
-    controller.m_appearsAnimated = animatedIf(isHeld(controller));
+    controller.m_appearsAnimated = animatedOf(controller);
     settleLater(controller);
     controller.viewWillAppear(controller.m_appearsAnimated);
 }
@@ -38,7 +30,7 @@ void AppearanceTracker::leave(ViewController& controller) {
 void AppearanceTracker::willDisappear(ViewController& controller) {
     if (controller.m_appearance != State::Appearing && controller.m_appearance != State::Up) return;
     controller.m_appearance = State::Disappearing;
-    controller.m_appearsAnimated = animatedIf(isHeld(controller));
+    controller.m_appearsAnimated = animatedOf(controller);
     controller.viewWillDisappear(controller.m_appearsAnimated);
 }
 
@@ -48,12 +40,20 @@ bool AppearanceTracker::isHeld(const ViewController& controller) {
     return false;
 }
 
+Animated AppearanceTracker::animatedOf(const ViewController& controller) {
+    for (const auto* around = &controller; around; around = around->parentViewController())
+        if (around->m_animatedHolds > 0) return Animated::Yes;
+    return Animated::No;
+}
+
+// The end of a hold does so anyway.
 void AppearanceTracker::settleLater(ViewController& controller) {
+    if (isHeld(controller)) return;
     QMetaObject::invokeMethod(&controller, [&controller] { settle(controller); }, Qt::QueuedConnection);
 }
 
 void AppearanceTracker::settle(ViewController& controller) {
-    if (isHeld(controller)) return; // the end of the hold settles
+    if (isHeld(controller)) return; // since it was put off
     if (controller.m_appearance == State::Appearing) {
         controller.m_appearance = State::Up;
         controller.viewDidAppear(controller.m_appearsAnimated);
@@ -63,14 +63,17 @@ void AppearanceTracker::settle(ViewController& controller) {
     }
 }
 
-AppearanceTracker::Hold::Hold(ViewController& controller)
-    : m_controller(&controller) {
-    ++controller.m_holds;
+AppearanceTracker::Hold::Hold(ViewController& controller, Animated animated)
+    : m_controller(&controller)
+    , m_animated(animated == Animated::Yes ? 1 : 0) {
+    ++m_controller->m_holds;
+    m_controller->m_animatedHolds += m_animated;
 }
 
 AppearanceTracker::Hold::~Hold() {
     if (!m_controller) return;
     --m_controller->m_holds;
+    m_controller->m_animatedHolds -= m_animated;
     settleLater(*m_controller);
     for (auto* inside : m_controller->findChildren<ViewController*>())
         settleLater(*inside);

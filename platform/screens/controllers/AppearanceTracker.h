@@ -18,20 +18,22 @@ public:
     // Tells a controller, and those inside, that it is about to be hidden.
     static void leave(ViewController& controller);
 
-    // While one is held, what comes and goes in a controller does so animated, and "did" waits.
+    // While one is held, "did" waits for a controller and those inside, and "will" says whether they move.
     class Hold {
     public:
-        explicit Hold(ViewController& controller);
+        Hold(ViewController& controller, Animated animated);
         ~Hold();
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
 
     private:
         QPointer<ViewController> m_controller;
+        int m_animated; // 1 where it moves
     };
 
 private:
     static bool isHeld(const ViewController& controller);
+    static Animated animatedOf(const ViewController& controller);
     static void willDisappear(ViewController& controller);
     static void settleLater(ViewController& controller);
     static void settle(ViewController& controller);

@@ -47,13 +47,13 @@ QRect centred(QSize size, const QRect& in) {
     return rect;
 }
 
-// What the controller, or the screen on top of it, wants.
+// What the controller, or the first screen of a navigation, wants.
 QSize contentSize(const ViewController& controller, QSize otherwise) {
     if (controller.preferredContentSize().isValid()) return controller.preferredContentSize();
     auto* navigation = qobject_cast<const NavigationController*>(&controller);
-    if (!navigation || !navigation->topViewController()->preferredContentSize().isValid()) return otherwise;
-    return navigation->topViewController()->preferredContentSize() +
-           QSize(0, navigation->navigationBar().height());
+    if (!navigation || navigation->viewControllers().empty()) return otherwise;
+    const QSize size = navigation->viewControllers().front()->preferredContentSize();
+    return size.isValid() ? size + QSize(0, navigation->navigationBar().sizeHint().height()) : otherwise;
 }
 
 Qt::Edge opposite(Qt::Edge edge) {

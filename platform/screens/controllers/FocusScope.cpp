@@ -27,6 +27,14 @@ QWidget* endOfProxies(QWidget* widget) {
 
 } // namespace
 
+namespace {
+
+bool canTakeFocus(const QWidget& widget) {
+    return widget.isVisible() && widget.isEnabled() && widget.focusPolicy() != Qt::NoFocus;
+}
+
+} // namespace
+
 bool takesTabFocus(const QWidget& widget) {
     return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus) &&
            !widget.focusProxy();
@@ -34,10 +42,11 @@ bool takesTabFocus(const QWidget& widget) {
 
 void focusInto(QWidget& scope) {
     QWidget* target = scope.focusWidget();
-    if (!target || target == &scope || !target->isVisible() || !target->isEnabled())
-        target = endOfProxies(scope.focusProxy());
-    if (!target || !target->isVisible() || !target->isEnabled())
-        target = nextInside(scope, scope, FocusStep::Next);
+    if (!target || !canTakeFocus(*target)) target = endOfProxies(&scope);
+    if (!canTakeFocus(*target)) {
+        QWidget* inside = nextInside(*target, *target, FocusStep::Next);
+        target = inside ? inside : nextInside(scope, scope, FocusStep::Next);
+    }
     (target ? target : &scope)->setFocus(Qt::OtherFocusReason);
 }
 

@@ -1,11 +1,8 @@
 #include "platform/screens/controllers/NavigationController.h"
 
 #include "platform/foundation/FatalError.h"
-#include "platform/screens/appearance/Motion.h"
-#include "platform/screens/controllers/AppearanceTracker.h"
-#include "platform/screens/controllers/FocusScope.h"
 #include "platform/screens/controllers/NavigationBar.h"
-#include "platform/screens/controllers/PictureSlide.h"
+#include "platform/screens/controllers/ScreenChange.h"
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QShortcut>
@@ -77,7 +74,12 @@ void NavigationController::pushViewController(std::unique_ptr<ViewController> co
     to.hide();
     put(to);
     m_viewControllers.push_back(&to);
-    change(from, to, Way::Forth, animated, {});
+    run({.view = *this,
+         .from = from,
+         .to = to,
+         .way = PictureSlide::Way::Forth,
+         .animated = animated,
+         .settle = [this] { showBar(); }});
 }
 
 void NavigationController::popViewController(Animated animated) {
@@ -86,36 +88,17 @@ void NavigationController::popViewController(Animated animated) {
     m_viewControllers.pop_back();
     from.disconnect(this);
     from.navigationItem().disconnect(this);
-    change(from, *topViewController(), Way::Back, animated, [from = QPointer(&from)] {
-        // Behind the word that it has disappeared.
-        if (from) QMetaObject::invokeMethod(from, &QObject::deleteLater, Qt::QueuedConnection);
-    });
-}
-
-// The new screen is there, and has the focus, at once; what slides are pictures.
-void NavigationController::change(ViewController& from, ViewController& to, Way way, Animated animated,
-                                  std::function<void()> done) {
-    const bool slides = animated == Animated::Yes && isVisible() && !reducesMotion();
-    const bool hadFocus = from.isAncestorOf(QApplication::focusWidget());
-    const QPixmap before = slides ? grab() : QPixmap();
-    std::vector<std::shared_ptr<AppearanceTracker::Hold>> holds;
-    if (slides)
-        holds = {std::make_shared<AppearanceTracker::Hold>(from),
-                 std::make_shared<AppearanceTracker::Hold>(to)};
-    AppearanceTracker::leave(from);
-    to.show();
-    if (hadFocus) focusInto(to);
-    from.hide();
-    showBar();
-    auto finish = [holds, done = std::move(done)]() mutable {
-        holds.clear();
-        if (done) done();
-    };
-    if (!slides) return finish();
-    layout()->activate();
-    m_stage->layout()->activate();
-    PictureSlide::run(*this, before, way == Way::Forth ? PictureSlide::Way::Forth : PictureSlide::Way::Back,
-                      std::move(finish));
+    run({.view = *this,
+         .from = from,
+         .to = *topViewController(),
+         .way = PictureSlide::Way::Back,
+         .animated = animated,
+         .settle = [this] { showBar(); },
+         .done =
+             [from = QPointer(&from)] {
+                 // Behind the word that it has disappeared.
+                 if (from) QMetaObject::invokeMethod(from, &QObject::deleteLater, Qt::QueuedConnection);
+             }});
 }
 
 void NavigationController::showBar() {
@@ -127,6 +110,7 @@ void NavigationController::showBar() {
         backTitle = m_wayBack->title;
     m_bar->showItem(top.navigationItem(), backTitle);
     setAccessibleName(top.title());
+    setFocusProxy(&top); // rather than a button of the bar
 }
 
 bool NavigationController::isNavigationBarHidden() const {

@@ -51,11 +51,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    enum class Way { Forth, Back };
-
     void put(ViewController& controller);
-    void change(ViewController& from, ViewController& to, Way way, Animated animated,
-                std::function<void()> done);
     void showBar();
 
     NavigationBar* m_bar;

@@ -2,6 +2,7 @@
 
 #include "platform/screens/appearance/Motion.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 #include <QtCore/QVariantAnimation>
 #include <QtGui/QPainter>
@@ -17,6 +18,12 @@ constexpr qreal parallax = 0.3;     // how far what lies below moves, of the wid
 constexpr qreal shade = 0.12;       // of what lies below, when it is covered
 constexpr int edgeShadowWidth = 14; // points
 
+// With all layouts inside in force.
+QPixmap pictureOf(QWidget& view) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    return view.grab();
+}
+
 } // namespace
 
 void PictureSlide::run(QWidget& view, QPixmap before, Way way, std::function<void()> done) {
@@ -27,7 +34,7 @@ void PictureSlide::run(QWidget& view, QPixmap before, Way way, std::function<voi
 PictureSlide::PictureSlide(QWidget& view, QPixmap before, Way way, std::function<void()> done)
     : QWidget(&view)
     , m_before(std::move(before))
-    , m_after(view.grab())
+    , m_after(pictureOf(view))
     , m_way(way)
     , m_done(std::move(done))
     , m_animation(new QVariantAnimation(this)) {

@@ -89,7 +89,7 @@ void PresentationContainer::start(Animated animated, Completion completion) {
     m_presented = std::move(completion);
     m_controller->loadViewIfNeeded();
     setAccessibleName(m_controller->title());
-    if (animated == Animated::Yes) m_hold = std::make_unique<AppearanceTracker::Hold>(*m_controller);
+    m_hold = std::make_unique<AppearanceTracker::Hold>(*m_controller, animated);
     setGeometry(window()->rect());
     m_transition->layOut(*this, *m_controller);
     show();
@@ -135,7 +135,7 @@ void PresentationContainer::dismiss(Animated animated, Completion completion) {
     m_phase = Phase::Dismissing;
     if (hadFocus) giveFocusBack();
     if (!m_transition) return didDismiss();
-    if (animated == Animated::Yes) m_hold = std::make_unique<AppearanceTracker::Hold>(*m_controller);
+    m_hold = std::make_unique<AppearanceTracker::Hold>(*m_controller, animated);
     AppearanceTracker::leave(*m_controller);
     m_transition->dismiss(context(animated, &PresentationContainer::didDismiss));
 }
@@ -188,6 +188,9 @@ void PresentationContainer::layOut() {
 bool PresentationContainer::event(QEvent* event) {
     const bool isHandled = QWidget::event(event);
     switch (event->type()) {
+    case QEvent::LayoutRequest:
+        layOut();
+        return isHandled;
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
     case QEvent::Wheel:
@@ -201,9 +204,9 @@ bool PresentationContainer::event(QEvent* event) {
 
 bool PresentationContainer::eventFilter(QObject* watched, QEvent* event) {
     if (watched == window() && event->type() == QEvent::Resize) setGeometry(window()->rect());
-    // Marked letters of labels and buttons behind.
+    // Marked letters of labels and buttons behind, and shortcuts that came later.
     if (event->type() == QEvent::Shortcut && isTopmost()) {
-        auto* widget = qobject_cast<QWidget*>(watched);
+        auto* widget = qobject_cast<QWidget*>(watched->isWidgetType() ? watched : watched->parent());
         if (widget && widget->window() == window() && !isAncestorOf(widget)) return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -220,6 +223,8 @@ void PresentationContainer::mousePressEvent(QMouseEvent* event) {
 
 void PresentationContainer::resizeEvent(QResizeEvent* /*event*/) {
     layOut();
+    // Once more when what lies behind, an anchor among it, has found its place.
+    QCoreApplication::postEvent(this, std::make_unique<QEvent>(QEvent::LayoutRequest).release());
 }
 
 bool PresentationContainer::focusNextPrevChild(bool next) {

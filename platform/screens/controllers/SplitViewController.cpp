@@ -1,10 +1,8 @@
 #include "platform/screens/controllers/SplitViewController.h"
 
-#include "platform/screens/appearance/Motion.h"
-#include "platform/screens/controllers/AppearanceTracker.h"
 #include "platform/screens/controllers/FocusScope.h"
 #include "platform/screens/controllers/NavigationController.h"
-#include "platform/screens/controllers/PictureSlide.h"
+#include "platform/screens/controllers/ScreenChange.h"
 #include "platform/screens/controllers/SizeClass.h"
 #include "platform/screens/controllers/SplitDivider.h"
 
@@ -53,7 +51,7 @@ SplitViewController::SplitViewController(std::unique_ptr<ViewController> primary
     m_divider->raise();
     m_columns->installEventFilter(this);
     connect(m_divider, &SplitDivider::draggedTo, this, [this](int x) {
-        setPrimaryWidth(layoutDirection() == Qt::RightToLeft ? m_columns->width() - x : x);
+        setPrimaryWidth(layoutDirection() == Qt::RightToLeft ? m_columns->width() - 1 - x : x);
     });
     for (const auto* keys : {"F6", "Shift+F6"})
         connect(new QShortcut(QKeySequence(QString::fromLatin1(keys)), this), &QShortcut::activated, this,
@@ -76,21 +74,12 @@ void SplitViewController::showColumn(Column column, Animated animated) {
     m_topColumn = column;
     Q_EMIT topColumnChanged(column);
     if (!m_isCollapsed) return;
-    const bool slides = animated == Animated::Yes && m_columns->isVisible() && !reducesMotion();
-    const bool hadFocus = from.isAncestorOf(QApplication::focusWidget());
-    const QPixmap before = slides ? m_columns->grab() : QPixmap();
-    std::vector<std::shared_ptr<AppearanceTracker::Hold>> holds;
-    if (slides)
-        holds = {std::make_shared<AppearanceTracker::Hold>(from),
-                 std::make_shared<AppearanceTracker::Hold>(to)};
-    AppearanceTracker::leave(from);
-    to.show();
-    if (hadFocus) focusInto(to);
-    showColumns();
-    if (!slides) return;
-    PictureSlide::run(*m_columns, before,
-                      column == Column::Secondary ? PictureSlide::Way::Forth : PictureSlide::Way::Back,
-                      [holds]() mutable { holds.clear(); });
+    run({.view = *m_columns,
+         .from = from,
+         .to = to,
+         .way = column == Column::Secondary ? PictureSlide::Way::Forth : PictureSlide::Way::Back,
+         .animated = animated,
+         .settle = [this] { layOut(); }});
 }
 
 void SplitViewController::showColumns() {

@@ -105,6 +105,7 @@ private:
     AppearanceTracker::State m_appearance = AppearanceTracker::State::Gone;
     Animated m_appearsAnimated = Animated::No; // or disappears
     int m_holds = 0;                           // those who move it right now
+    int m_animatedHolds = 0;                   // of them, those who do so over time
 };
 
 } // namespace platform
