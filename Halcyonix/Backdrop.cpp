@@ -14,10 +14,12 @@ Backdrop::Backdrop(QWidget* parent)
 }
 
 void Backdrop::setCard(const QRect& card, int cornerRadius, platform::Asset ground) {
+    if (card == m_card && cornerRadius == m_cornerRadius && ground == m_ground) return;
+    update(platform::withCardShadow(m_card));
     m_card = card;
     m_cornerRadius = cornerRadius;
     m_ground = ground;
-    update();
+    update(platform::withCardShadow(m_card));
 }
 
 void Backdrop::paintEvent(QPaintEvent* /*event*/) {

@@ -17,6 +17,8 @@ public:
 
     QSize sizeHint() const override;
 
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 

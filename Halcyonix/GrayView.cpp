@@ -15,8 +15,9 @@ QColor gray() {
 } // namespace
 
 void GrayView::setAlpha(qreal alpha) {
+    const bool isSeen = qRound(alpha * 255) != qRound(m_alpha * 255);
     m_alpha = alpha;
-    update();
+    if (isSeen) update();
 }
 
 void GrayView::paintVeil(QPainter& painter) {

@@ -13,6 +13,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QStyle>
 
 namespace halcyonix {
 
@@ -24,6 +25,7 @@ using platform::TextStyle;
 // Points.
 constexpr QSize imageSize(40, 40);
 constexpr QSize chevronSize(14, 14);
+constexpr int markSize = 44;
 constexpr int padding = 16;
 constexpr qreal cornerRadius = 16;
 constexpr int ringMargin = platform::focusRingGap + platform::focusRingWidth;
@@ -33,54 +35,54 @@ constexpr int ringMargin = platform::focusRingGap + platform::focusRingWidth;
 InfoCard::InfoCard(const Config& config, std::function<void()> onAction, QWidget* parent)
     : QAbstractButton(parent)
     , m_onAction(std::move(onAction))
-    , m_chevron(new PictureView(chevronSize, this)) {
-    const int inset = ringMargin + padding;
+    , m_chevron(new PictureView(chevronSize, this))
+    , m_mark(new platform::SymbolButton(QStringLiteral("xmark"), tr("Close"), Asset::TextSecondary, this)) {
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(inset, inset, ringMargin, inset);
-    row->setSpacing(padding);
+    constexpr int inset = ringMargin + padding;
+    row->setContentsMargins(inset, inset, inset, inset);
+    row->setSpacing(padding - ringMargin);
     auto* image = new PictureView(imageSize, this);
     image->setEither(config.imageName, config.systemImageName, Environment::shared().primaryColor);
     row->addWidget(image, 0, Qt::AlignTop);
-    row->addWidget(makeTexts(config), 1);
-    auto* ends = new QVBoxLayout;
-    ends->setContentsMargins(0, -padding, 0, 0); // the mark is in the corner
-    ends->setSpacing(0);
-    auto* close =
-        new platform::SymbolButton(QStringLiteral("xmark"), tr("Close"), Asset::TextSecondary, this);
-    connect(close, &QAbstractButton::clicked, this, &QWidget::hide);
-    ends->addWidget(close);
-    ends->addWidget(m_chevron, 0, Qt::AlignHCenter);
-    ends->addStretch(1);
-    row->addLayout(ends);
+    row->addLayout(makeTexts(config), 1);
+    auto* end = new QVBoxLayout; // below the mark
+    end->addSpacing(markSize - inset);
+    end->addWidget(m_chevron, 1, Qt::AlignVCenter);
+    row->addLayout(end);
+    row->addSpacing(config.cta ? markSize - padding : ringMargin);
 
     setAccessibleName(config.title);
     setAccessibleDescription(config.bodyText);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
     setFocusPolicy(config.cta ? Qt::NoFocus : Qt::StrongFocus); // one stop of the focus, not two
-    m_chevron->setVisible(!config.cta);
     if (!config.cta) turnChevron();
+    connect(m_mark, &QAbstractButton::clicked, this, &QWidget::hide);
     connect(this, &QAbstractButton::clicked, this, [this] {
         if (m_onAction) m_onAction();
     });
     new platform::PressSqueeze(*this, SquishyButtonStyle());
 }
 
-QWidget* InfoCard::makeTexts(const Config& config) {
-    auto* texts = new QWidget(this);
-    auto* column = new QVBoxLayout(texts);
-    column->setContentsMargins(0, 0, 0, 0);
+// The texts stand in from the button's ring, and so flush with the button.
+QVBoxLayout* InfoCard::makeTexts(const Config& config) {
+    auto* column = new QVBoxLayout;
     column->setSpacing(4);
-    column->addWidget(platform::makeLabel(config.title, TextStyle::Headline, texts));
-    if (!config.bodyText.isEmpty())
-        column->addWidget(
-            platform::makeLabel(config.bodyText, TextStyle::Subheadline, texts, QPalette::PlaceholderText));
+    const auto add = [&](const QString& text, TextStyle style, QPalette::ColorRole role) {
+        auto* label = platform::makeLabel(text, style, this, role);
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
+        label->setContentsMargins(ringMargin, 0, ringMargin, 0);
+        column->addWidget(label);
+    };
+    add(config.title, TextStyle::Headline, QPalette::WindowText);
+    if (!config.bodyText.isEmpty()) add(config.bodyText, TextStyle::Subheadline, QPalette::PlaceholderText);
+    column->addStretch(1);
     if (config.cta) {
-        auto* button = new FilledButton(*config.cta, Environment::shared().primaryColor, texts);
+        auto* button = new FilledButton(*config.cta, Environment::shared().primaryColor, this);
         connect(button, &QAbstractButton::clicked, this, &QAbstractButton::clicked);
         column->addSpacing(padding / 2);
         column->addWidget(button, 0, Qt::AlignLeading);
     }
-    return texts;
+    return column;
 }
 
 QSize InfoCard::sizeHint() const {
@@ -96,8 +98,22 @@ void InfoCard::turnChevron() {
                          Asset::TextSecondary);
 }
 
+// In the corner at the end of the first line, where the layout has no place for it.
+void InfoCard::placeMark() {
+    const QRect body = rect().adjusted(ringMargin, ringMargin, -ringMargin, -ringMargin);
+    const QRect corner(body.right() + 1 - markSize, body.top(), markSize, markSize);
+    m_mark->setGeometry(QStyle::visualRect(layoutDirection(), rect(), corner));
+}
+
+void InfoCard::resizeEvent(QResizeEvent* /*event*/) {
+    placeMark();
+}
+
 void InfoCard::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::LayoutDirectionChange && !m_chevron->isEmpty()) turnChevron();
+    if (event->type() == QEvent::LayoutDirectionChange) {
+        placeMark();
+        if (!m_chevron->isEmpty()) turnChevron();
+    }
     QAbstractButton::changeEvent(event);
 }
 

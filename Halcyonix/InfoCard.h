@@ -7,7 +7,11 @@
 #include <functional>
 #include <optional>
 
-class QLabel;
+class QVBoxLayout;
+
+namespace platform {
+class SymbolButton;
+}
 
 namespace halcyonix {
 
@@ -21,11 +25,11 @@ class InfoCard : public QAbstractButton {
 
 public:
     struct Config {
-        std::optional<QString> systemImageName;
-        std::optional<QString> imageName; // goes before a symbol
+        std::optional<QString> systemImageName = std::nullopt;
+        std::optional<QString> imageName = std::nullopt; // goes before a symbol
         QString title;
         QString bodyText;
-        std::optional<QString> cta;
+        std::optional<QString> cta = std::nullopt;
     };
 
     InfoCard(const Config& config, std::function<void()> onAction, QWidget* parent = nullptr);
@@ -38,14 +42,17 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QWidget* makeTexts(const Config& config);
+    QVBoxLayout* makeTexts(const Config& config);
     void turnChevron();
+    void placeMark();
 
     std::function<void()> m_onAction;
     PictureView* m_chevron;
+    platform::SymbolButton* m_mark;
 };
 
 } // namespace halcyonix

@@ -46,7 +46,7 @@ void InputToolbar::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(platform::color(platform::Asset::Separator));
-    painter.setBrush(platform::color(platform::Asset::Card));
+    painter.setBrush(platform::color(platform::Asset::BackgroundGrey));
     painter.drawPath(
         platform::continuousRoundedPath(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius));
 }

@@ -7,10 +7,11 @@
 #include "platform/screens/controls/SymbolButton.h"
 #include "platform/screens/controls/TextLabel.h"
 
-#include <QtCore/QEvent>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
@@ -110,13 +111,22 @@ int ModalViewController::contentHeight(int width) const {
                                           : m_content->totalSizeHint().height();
 }
 
+// A text that fits has no scroll bar, which would make it narrower and so longer than it is; one that does
+// not fit scrolls below the mark in the corner.
+void ModalViewController::setScrolling(bool scrolls) {
+    m_scroll->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    const int top = scrolls ? closeInset + closeSize : padding;
+    m_modalContainer->layout()->setContentsMargins(padding, top, padding, padding);
+}
+
 void ModalViewController::placeCard() {
     m_backgroundView->setGeometry(rect());
     const int width = std::min(cardWidth, this->width() - 2 * windowMargin);
     const int buttonHeight =
         m_config.buttonConfig ? m_button->sizeHint().height() + m_modalContainer->layout()->spacing() : 0;
-    const int height = std::min(contentHeight(width - 2 * padding) + buttonHeight + 2 * padding,
-                                this->height() - 2 * windowMargin);
+    const int wanted = contentHeight(width - 2 * padding) + buttonHeight + 2 * padding;
+    const int height = std::min(wanted, this->height() - 2 * windowMargin);
+    setScrolling(height < wanted);
     QRect card(0, 0, width, height);
     card.moveCenter(rect().center());
     if (m_config.position == ModalPosition::Bottom) card.moveBottom(rect().bottom() - windowMargin);
@@ -124,6 +134,15 @@ void ModalViewController::placeCard() {
     m_backgroundView->setCard(card, cornerRadius, Asset::Card);
     const QRect corner(width - closeSize - closeInset, closeInset, closeSize, closeSize);
     m_closeButton->setGeometry(QStyle::visualRect(layoutDirection(), QRect(QPoint(), card.size()), corner));
+}
+
+void ModalViewController::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)
+        m_scroll->verticalScrollBar()->triggerAction(event->key() == Qt::Key_PageUp
+                                                         ? QAbstractSlider::SliderPageStepSub
+                                                         : QAbstractSlider::SliderPageStepAdd);
+    else
+        ViewController::keyPressEvent(event);
 }
 
 void ModalViewController::viewDidLayoutSubviews() {

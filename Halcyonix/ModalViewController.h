@@ -57,11 +57,13 @@ public:
 protected:
     void viewDidLoad() override;
     void viewDidLayoutSubviews() override;
+    void keyPressEvent(QKeyEvent* event) override; // pages through a long text
 
 private:
     void addItem(const ModalItem& item);
     void pressButton();
     int contentHeight(int width) const;
+    void setScrolling(bool scrolls);
     void placeCard();
 
     ModalConfig m_config;

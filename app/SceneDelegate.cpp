@@ -1,5 +1,6 @@
 #include "app/SceneDelegate.h"
 
+#include "Halcyonix/Environment.h"
 #include "Quillet/cloud/CoreDataMigrator.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/UserSettings.h"
@@ -18,6 +19,7 @@ constexpr QSize preferredWindowSize(1120, 760);
 } // namespace
 
 void SceneDelegate::willConnect() {
+    halcyonix::Environment::shared().primaryColor = platform::Asset::Accent;
     // Ahead of the lists, which so never show what the check deletes.
     CoreDataMigrator::shared().start();
     platform::applyPalette();

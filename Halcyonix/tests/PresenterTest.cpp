@@ -3,6 +3,7 @@
 #include "platform/screens/controllers/ViewController.h"
 
 #include <QtTest/QTest>
+#include <QtWidgets/QApplication>
 #include <gtest/gtest.h>
 
 namespace halcyonix {
@@ -12,9 +13,12 @@ namespace {
 using platform::Animated;
 using platform::ViewController;
 
+enum class Motion { Full, Reduced };
+
 template <typename Presenter>
 struct Presented {
-    explicit Presented(QSize window, QSize preferred = {}) {
+    explicit Presented(QSize window, QSize preferred = {}, Motion motion = Motion::Full) {
+        QApplication::setEffectEnabled(Qt::UI_General, motion == Motion::Full);
         root.resize(window);
         root.show();
         auto owned = std::make_unique<ViewController>();
@@ -117,8 +121,7 @@ TEST(SheetPresenter, FollowsTheWindow) {
 }
 
 TEST(SheetPresenter, IsThereAtOnceWhereMotionIsReduced) {
-    QApplication::setEffectEnabled(Qt::UI_General, false);
-    Sheet sheet({1280, 800});
+    Sheet sheet({1280, 800}, {}, Motion::Reduced);
     EXPECT_EQ(sheet.card->geometry(), QRect(0, 264, 1280, 536));
     EXPECT_DOUBLE_EQ(sheet.alpha(), 0.5);
     sheet.card->dismiss();

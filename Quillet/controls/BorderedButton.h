@@ -19,6 +19,7 @@ public:
     void setMode(Mode mode);
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void changeEvent(QEvent* event) override;

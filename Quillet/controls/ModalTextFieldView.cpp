@@ -1,11 +1,13 @@
 #include "Quillet/controls/ModalTextFieldView.h"
 
-#include "Halcyonix/FilledButton.h"
+#include "Halcyonix/SquishyButtonStyle.h"
 #include "Quillet/controls/QuilletTextField.h"
 #include "platform/foundation/FatalError.h"
 #include "platform/screens/controllers/AlertController.h"
+#include "platform/screens/controls/ButtonRole.h"
 
 #include <QtCore/QPointer>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
 namespace quillet {
@@ -30,7 +32,9 @@ ModalTextFieldView::ModalTextFieldView(Texts texts, std::function<void(const QSt
     , m_texts(std::move(texts))
     , m_onEnter(std::move(onEnter))
     , m_field(new QuilletTextField(m_texts.prompt, m_texts.placeholder, this)) {
-    auto* button = new halcyonix::FilledButton(tr("Done"), platform::Asset::Accent, this);
+    auto* button = new QPushButton(tr("Done"), this);
+    platform::setButtonRole(*button, platform::ButtonRole::Prominent);
+    new platform::PressSqueeze(*button, halcyonix::SquishyButtonStyle());
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(spacing);

@@ -8,8 +8,9 @@ namespace platform {
 
 namespace {
 
+constexpr int reach = 40;        // points beyond the card
 constexpr int drop = 8;          // points, the light comes from above
-constexpr qreal strength = 0.28; // of black, where the card meets its shadow
+constexpr qreal strength = 0.16; // of black, where the card meets its shadow
 
 // Concentric outlines, each a little less dark: together they fall off like a blur.
 QPixmap makeShadow(int side, int cornerRadius) {
@@ -19,10 +20,10 @@ QPixmap makeShadow(int side, int cornerRadius) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    for (int out = cardShadowReach; out >= 0; out--) {
-        const qreal nearness = 1 - qreal(out) / cardShadowReach;
-        const qreal inset = cardShadowReach - out;
-        painter.setBrush(QColor::fromRgbF(0, 0, 0, float(strength * nearness * nearness * nearness)));
+    for (int out = reach; out >= 0; out--) {
+        const qreal nearness = 1 - qreal(out) / reach;
+        const qreal inset = reach - out;
+        painter.setBrush(QColor::fromRgbF(0, 0, 0, float(strength * nearness * nearness)));
         painter.drawRoundedRect(QRectF(picture.rect()).adjusted(inset, inset, -inset, -inset),
                                 cornerRadius + out, cornerRadius + out);
     }
@@ -32,16 +33,19 @@ QPixmap makeShadow(int side, int cornerRadius) {
 } // namespace
 
 void drawCardShadow(QPainter& painter, const QRect& card, int cornerRadius) {
-    const int margin = cardShadowReach + cornerRadius;
+    const int margin = reach + cornerRadius;
     const auto key = QStringLiteral("CardShadow %1").arg(cornerRadius);
     QPixmap picture;
     if (!QPixmapCache::find(key, &picture)) {
         picture = makeShadow(2 * margin + 1, cornerRadius);
         QPixmapCache::insert(key, picture);
     }
-    const QRect shadow =
-        card.adjusted(-cardShadowReach, drop - cardShadowReach, cardShadowReach, drop + cardShadowReach);
+    const QRect shadow = card.adjusted(-reach, drop - reach, reach, drop + reach);
     qDrawBorderPixmap(&painter, shadow, QMargins(margin, margin, margin, margin), picture);
+}
+
+QRect withCardShadow(const QRect& card) {
+    return card.adjusted(-reach, -reach, reach, drop + reach);
 }
 
 } // namespace platform
