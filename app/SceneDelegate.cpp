@@ -3,7 +3,6 @@
 #include "Quillet/cloud/CoreDataMigrator.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/UserSettings.h"
-#include "platform/screens/appearance/DesktopSettings.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -20,7 +19,6 @@ constexpr QSize preferredWindowSize(1120, 760);
 void SceneDelegate::willConnect() {
     // Ahead of the lists, which so never show what the check deletes.
     CoreDataMigrator::shared().start();
-    platform::applyPalette();
     m_window = std::make_unique<SnippetRootViewController>();
     m_window->installEventFilter(this);
     m_window->resize(preferredWindowSize.boundedTo(QGuiApplication::primaryScreen()->availableSize()));
