@@ -1,5 +1,7 @@
 #include "platform/screens/appearance/TypeScale.h"
 
+#include "platform/foundation/Observable.h"
+
 #include <QtCore/QEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
@@ -31,32 +33,53 @@ Scale scaleOf(TextStyle style) {
     return {1, false};
 }
 
-// Gives its parent the font again when the system's changes.
+// Only the application and its windows are told that the system's font has changed.
+class SystemFontWatch : public QObject {
+public:
+    SystemFontWatch()
+        : QObject(qApp) {
+        qApp->installEventFilter(this);
+    }
+
+    Signal<QFont>& changes() { return m_changes; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == qApp && event->type() == QEvent::ApplicationFontChange)
+            m_changes.emit(QApplication::font());
+        return false;
+    }
+
+private:
+    Signal<QFont> m_changes;
+};
+
+Signal<QFont>& systemFontChanges() {
+    static auto* const watch = new SystemFontWatch; // the application's child
+    return watch->changes();
+}
+
+// A child of the widget that it gives the font of a style, for as long as that lives.
 class TextStyleFollower : public QObject {
     Q_OBJECT
 
 public:
     explicit TextStyleFollower(QWidget& widget)
         : QObject(&widget)
-        , m_widget(widget) {
-        widget.installEventFilter(this);
-    }
+        , m_widget(widget)
+        , m_subscription(systemFontChanges().observe([this](const QFont&) { apply(); })) {}
 
     void follow(TextStyle style) {
         m_style = style;
-        m_widget.setFont(font(m_style));
-    }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == &m_widget && event->type() == QEvent::ApplicationFontChange)
-            m_widget.setFont(font(m_style));
-        return false;
+        apply();
     }
 
 private:
+    void apply() { m_widget.setFont(font(m_style)); }
+
     QWidget& m_widget;
     TextStyle m_style = TextStyle::Body;
+    Subscription m_subscription;
 };
 
 } // namespace
