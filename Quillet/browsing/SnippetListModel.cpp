@@ -47,14 +47,15 @@ std::map<QString, LanguageGroup> byLanguage(const SnippetListModel::Snippets& sn
     std::map<QString, LanguageGroup> groups;
     QHash<QString, LanguageGroup*> known;
     for (SnippetOrder::Number number = 0; number < snippets.size(); ++number) {
-        const auto language = snippets[number]->language();
-        auto*& group = known[language.value_or(QString())];
+        const QVariant language = snippets[number]->value(Snippet::Language);
+        const QString name = language.toString();
+        auto*& group = known[name];
         if (!group) {
-            group = &groups[platform::codePointOrderKey(language.value_or(QString()))];
-            group->language = language.value_or(QString());
+            group = &groups[platform::codePointOrderKey(name)];
+            group->language = name;
         }
         // A snippet without a language shows only as the empty group that it makes appear.
-        if (language) group->members.push_back(number);
+        if (!language.isNull()) group->members.push_back(number);
     }
     return groups;
 }
