@@ -1,12 +1,20 @@
 #include "platform/screens/appearance/TypeScale.h"
 
+#include "platform/foundation/Observable.h"
+
 #include <QtCore/QEvent>
+#include <QtGui/QFontInfo>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
+
+#include <algorithm>
+#include <functional>
 
 namespace platform {
 
 namespace {
+
+constexpr double usualSize = 40 / 3.0; // points of the design: ten typographic ones
 
 struct Scale {
     qreal factor;
@@ -31,33 +39,59 @@ Scale scaleOf(TextStyle style) {
     return {1, false};
 }
 
-// Gives its parent the font again when the system's changes.
-class TextStyleFollower : public QObject {
-    Q_OBJECT
-
+// Only the application and its windows are told that the system's font has changed.
+class SystemFontWatch : public QObject {
 public:
-    explicit TextStyleFollower(QWidget& widget)
-        : QObject(&widget)
-        , m_widget(widget) {
-        widget.installEventFilter(this);
+    SystemFontWatch()
+        : QObject(qApp) {
+        qApp->installEventFilter(this);
     }
 
-    void follow(TextStyle style) {
-        m_style = style;
-        m_widget.setFont(font(m_style));
-    }
+    Signal<QFont>& changes() { return m_changes; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == &m_widget && event->type() == QEvent::ApplicationFontChange)
-            m_widget.setFont(font(m_style));
+        if (watched == qApp && event->type() == QEvent::ApplicationFontChange)
+            m_changes.emit(QApplication::font());
         return false;
     }
 
 private:
-    QWidget& m_widget;
-    TextStyle m_style = TextStyle::Body;
+    Signal<QFont> m_changes;
 };
+
+Signal<QFont>& systemFontChanges() {
+    static auto* const watch = new SystemFontWatch; // the application's child
+    return watch->changes();
+}
+
+// A child of the widget that it gives a font made from the system's, for as long as that lives.
+class FontFollower : public QObject {
+    Q_OBJECT
+
+public:
+    explicit FontFollower(QWidget& widget)
+        : QObject(&widget)
+        , m_widget(widget)
+        , m_subscription(systemFontChanges().observe([this](const QFont&) { apply(); })) {}
+
+    void follow(std::function<QFont()> makeFont) {
+        m_makeFont = std::move(makeFont);
+        apply();
+    }
+
+private:
+    void apply() { m_widget.setFont(m_makeFont()); }
+
+    QWidget& m_widget;
+    std::function<QFont()> m_makeFont;
+    Subscription m_subscription;
+};
+
+FontFollower& followerOf(QWidget& widget) {
+    auto* follower = widget.findChild<FontFollower*>(QString(), Qt::FindDirectChildrenOnly);
+    return follower ? *follower : *new FontFollower(widget);
+}
 
 } // namespace
 
@@ -74,9 +108,18 @@ QFont font(TextStyle style) {
 }
 
 void setTextStyle(QWidget& widget, TextStyle style) {
-    auto* follower = widget.findChild<TextStyleFollower*>(QString(), Qt::FindDirectChildrenOnly);
-    if (!follower) follower = new TextStyleFollower(widget);
-    follower->follow(style);
+    followerOf(widget).follow([style] { return font(style); });
+}
+
+QFont systemFont(double size) {
+    QFont font = QApplication::font();
+    const double growth = std::max(1.0, QFontInfo(font).pixelSize() / usualSize);
+    font.setPixelSize(qRound(size * growth));
+    return font;
+}
+
+void setSystemFont(QWidget& widget, double size) {
+    followerOf(widget).follow([size] { return systemFont(size); });
 }
 
 } // namespace platform
