@@ -43,7 +43,7 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
     : QWidget(parent)
     , m_snippet(std::move(snippet))
     , m_nameField(new QLineEdit(this))
-    , m_languageRow(new DisclosureRow(this))
+    , m_languageRow(new platform::DisclosureRow(this))
     , m_notesField(new QPlainTextEdit(this))
     , m_copySwitch(new QCheckBox(QStringLiteral("Import code from the clipboard"), this)) {
     auto* bar =

@@ -64,7 +64,7 @@ protected:
     void createByForm(const QString& name, const QString& language) const {
         click("Add");
         QTest::keyClicks(named<QLineEdit>("Name"), name);
-        click<QPushButton>("Language");
+        click<QAbstractButton>("Language");
         QTest::keyClicks(named<QLineEdit>("Search"), language);
         QTest::keyClick(named<QLineEdit>("Search"), Qt::Key_Return);
         turn();
@@ -113,9 +113,10 @@ TEST_F(LibraryScreens, TheFormTakesTheClipboardAndWantsNameAndLanguage) {
     EXPECT_EQ(window->findChild<SnippetDetailsViewController*>(), nullptr);
 
     click("Add");
-    QTest::mouseClick(window->findChild<QCheckBox*>(), Qt::LeftButton, {}, QPoint(10, 22));
+    auto* copySwitch = window->findChild<QCheckBox*>();
+    QTest::mouseClick(copySwitch, Qt::LeftButton, {}, QPoint(10, copySwitch->height() / 2));
     QTest::keyClicks(named<QLineEdit>("Name"), QStringLiteral("  ")); // two blanks are a name
-    click<QPushButton>("Language");
+    click<QAbstractButton>("Language");
     QTest::keyClicks(named<QLineEdit>("Search"), QStringLiteral("SWIFT"));
     QTest::keyClick(named<QLineEdit>("Search"), Qt::Key_Return);
     turn();
