@@ -89,7 +89,13 @@ void GroupedForm::addWidget(std::unique_ptr<QWidget> widget) {
 }
 
 void GroupedForm::showFocus(QWidget* /*before*/, QWidget* now) {
-    if (now && widget()->isAncestorOf(now)) ensureWidgetVisible(now, 0, focusMargin);
+    if (!now || !widget()->isAncestorOf(now)) return;
+    // The toolkit's own way shows no more of a field than its caret.
+    const QRect place(now->mapTo(widget(), QPoint()), now->size());
+    if (place.height() > viewport()->height())
+        ensureWidgetVisible(now, 0, focusMargin);
+    else
+        ensureVisible(place.center().x(), place.center().y(), 0, place.height() / 2 + focusMargin);
 }
 
 } // namespace platform
