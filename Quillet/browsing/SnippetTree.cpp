@@ -55,9 +55,8 @@ const GroupLook& lookOf(int group) {
     return looks[static_cast<std::size_t>(group)];
 }
 
-const ListItem::Children& leavesOf(const ListItem& item) {
-    static const ListItem::Children none;
-    return item.children() ? *item.children() : none;
+qsizetype leafCount(const ListItem& item) {
+    return item.leaves() ? static_cast<qsizetype>(item.leaves()->size()) : 0;
 }
 
 } // namespace
@@ -121,12 +120,13 @@ const SnippetTree::Member& SnippetTree::memberAt(const QModelIndex& index) const
 std::shared_ptr<ListItem> SnippetTree::itemAt(const QModelIndex& index) const {
     if (!index.isValid() || levelOf(index) == Level::Group) return nullptr;
     const auto& item = memberAt(index).item;
-    return levelOf(index) == Level::Member ? item : leavesOf(*item)[static_cast<std::size_t>(index.row())];
+    return levelOf(index) == Level::Member ? item
+                                           : (*item->children())[static_cast<std::size_t>(index.row())];
 }
 
 std::shared_ptr<Snippet> SnippetTree::snippetAt(const QModelIndex& index) const {
     if (!index.isValid() || levelOf(index) != Level::Leaf) return nullptr;
-    return std::get<std::shared_ptr<Snippet>>(itemAt(index)->type());
+    return memberAt(index).item->leaves()->at(static_cast<std::size_t>(index.row()));
 }
 
 QString SnippetTree::keyOf(const QModelIndex& index) const {
@@ -165,7 +165,7 @@ int SnippetTree::rowCount(const QModelIndex& parent) const {
     case Level::Group:
         return static_cast<int>(m_members[static_cast<std::size_t>(parent.row())].size());
     case Level::Member:
-        return static_cast<int>(leavesOf(*memberAt(parent).item).size());
+        return static_cast<int>(leafCount(*memberAt(parent).item));
     case Level::Leaf:
         break;
     }
@@ -220,7 +220,7 @@ QVariant SnippetTree::memberData(const Member& member, int role) {
     case ListView::TintRole:
         return static_cast<int>(member.tint);
     case ListView::DetailRole:
-        return QLocale().toString(leavesOf(*member.item).size());
+        return QLocale().toString(leafCount(*member.item));
     case ListView::GroupRole:
         return true;
     default:
