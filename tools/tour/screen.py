@@ -110,7 +110,7 @@ def center(node):
 
 def click(name, role=None, button="1"):
     shows(name, role)
-    time.sleep(0.2)  # what moves comes to rest
+    time.sleep(0.6)  # what moves comes to rest
     x, y = center(shows(name, role))
     run("xdotool", "mousemove", str(x), str(y), "click", button)
 

@@ -80,12 +80,14 @@ def after_restart():
 def narrow():
     window = screen.run("xdotool", "getactivewindow").strip()
     screen.run("xdotool", "windowsize", "--sync", window, "390", "744")
-    wait("the narrow window does not show one column", lambda: screen.find("Back"))
+    wait("the narrow window does not show one column", lambda: not screen.find("Code"))
+    done("Narrow list")
+    click("Greeting")
+    shows("Back")
     done("Narrow editor")
     click("Back")
-    shows("Languages")
     dismiss_account_warning()
-    done("Narrow list")
+    shows("Languages")
 
 
 def dark():
