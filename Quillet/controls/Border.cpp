@@ -1,7 +1,6 @@
 #include "Quillet/controls/Border.h"
 
 #include "platform/screens/appearance/ContinuousCorners.h"
-#include "platform/screens/appearance/SystemFont.h"
 
 #include <QtGui/QPainter>
 
@@ -12,10 +11,6 @@ void drawBorder(QPainter& painter, const QRectF& rect, double width, const QColo
     painter.strokePath(
         platform::continuousRoundedPath(rect.adjusted(half, half, -half, -half), borderRadius - half),
         QPen(color, width));
-}
-
-QFont borderedFont() {
-    return platform::systemFont(16.0);
 }
 
 } // namespace quillet

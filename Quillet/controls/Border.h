@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QtGui/QFont>
-
 class QColor;
 class QPainter;
 class QRectF;
@@ -10,11 +8,11 @@ namespace quillet {
 
 // What bordered buttons and labels have in common.
 
-constexpr double borderRadius = 12; // points
+// Points.
+constexpr double borderRadius = 12;
+constexpr double borderedFontSize = 16; // of the system's font
 
 // A border of `width` points that lies inside of `rect`.
 void drawBorder(QPainter& painter, const QRectF& rect, double width, const QColor& color);
-
-QFont borderedFont();
 
 } // namespace quillet

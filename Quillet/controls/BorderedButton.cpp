@@ -4,8 +4,8 @@
 #include "Quillet/controls/Border.h"
 #include "platform/screens/appearance/FocusRing.h"
 #include "platform/screens/appearance/Palette.h"
+#include "platform/screens/appearance/TypeScale.h"
 
-#include <QtCore/QEvent>
 #include <QtGui/QPainter>
 
 #include <algorithm>
@@ -28,7 +28,7 @@ qreal widthOf(BorderedButton::Mode mode) {
 BorderedButton::BorderedButton(const QString& text, QWidget* parent)
     : QAbstractButton(parent) {
     setText(text);
-    setFont(borderedFont());
+    platform::setSystemFont(*this, borderedFontSize);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     new platform::PressSqueeze(*this, halcyonix::SquishyButtonStyle());
@@ -43,11 +43,6 @@ QSize BorderedButton::sizeHint() const {
     const int height = std::max(leastHeight, fontMetrics().height() + 20);
     return QSize(fontMetrics().horizontalAdvance(text()) + 2 * textPadding, height) +
            QSize(2 * ringMargin, 2 * ringMargin);
-}
-
-void BorderedButton::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ApplicationFontChange) setFont(borderedFont());
-    QAbstractButton::changeEvent(event);
 }
 
 void BorderedButton::paintEvent(QPaintEvent* /*event*/) {

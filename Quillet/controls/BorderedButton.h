@@ -19,10 +19,10 @@ public:
     void setMode(Mode mode);
 
     QSize sizeHint() const override;
+
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

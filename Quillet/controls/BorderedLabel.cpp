@@ -2,8 +2,8 @@
 
 #include "Quillet/controls/Border.h"
 #include "platform/screens/appearance/Palette.h"
+#include "platform/screens/appearance/TypeScale.h"
 
-#include <QtCore/QEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -25,7 +25,7 @@ BorderedLabel::BorderedLabel(const QString& text, QWidget* parent)
     m_label->setTextFormat(Qt::PlainText);
     m_label->setAlignment(Qt::AlignCenter);
     m_label->setWordWrap(true);
-    m_label->setFont(borderedFont());
+    platform::setSystemFont(*m_label, borderedFontSize);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(sideInset, borderWidth, sideInset, borderWidth);
     row->addWidget(m_label);
@@ -39,11 +39,6 @@ QString BorderedLabel::text() const {
 
 void BorderedLabel::setText(const QString& text) {
     m_label->setText(text);
-}
-
-void BorderedLabel::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ApplicationFontChange) m_label->setFont(borderedFont());
-    QWidget::changeEvent(event);
 }
 
 void BorderedLabel::paintEvent(QPaintEvent* /*event*/) {

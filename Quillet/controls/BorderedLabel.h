@@ -19,7 +19,6 @@ public:
     QLabel& label() { return *m_label; }
 
 protected:
-    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

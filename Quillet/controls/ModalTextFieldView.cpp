@@ -61,7 +61,9 @@ void ModalTextFieldView::raiseAlert() {
     if (m_showErr) return;
     m_showErr = true;
     auto alert = std::make_unique<platform::AlertController>(tr("Oops!"), m_texts.errorOnEmpty);
-    alert->addAction({.title = tr("Dismiss"), .style = platform::AlertAction::Style::Default, .handler = [self = QPointer(this)] {
+    alert->addAction({.title = tr("Dismiss"),
+                      .style = platform::AlertAction::Style::Default,
+                      .handler = [self = QPointer(this)] {
                           if (self) self->m_showErr = false;
                       }});
     controllerAround(*this).present(std::move(alert));

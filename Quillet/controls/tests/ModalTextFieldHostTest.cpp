@@ -47,7 +47,8 @@ protected:
     }
 
     platform::AlertController* alert() {
-        return qobject_cast<platform::AlertController*>(host->presentedViewController());
+        return qobject_cast<platform::AlertController*>(
+            host->modalTextFieldHostingController().presentedViewController());
     }
 
     platform::ViewController root;

@@ -20,7 +20,7 @@ TEST(ToolbarTextField, ClosesTheKeyboardAndTellsSo) {
     auto& button = field.accessory().toolbar().doneButton();
     const QImage picture = button.grab().toImage();
     EXPECT_EQ(picture.pixelColor(12, 16), platform::color(platform::Asset::Accent));
-    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "round corners";
+    EXPECT_NE(picture.pixelColor(0, 0), platform::color(platform::Asset::Accent)) << "round corners";
     button.click();
     EXPECT_EQ(done.count(), 1);
     EXPECT_FALSE(field.hasFocus());

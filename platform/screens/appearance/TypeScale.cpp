@@ -3,12 +3,18 @@
 #include "platform/foundation/Observable.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QFontInfo>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
+
+#include <algorithm>
+#include <functional>
 
 namespace platform {
 
 namespace {
+
+constexpr double usualSize = 40 / 3.0; // points of the design: ten typographic ones
 
 struct Scale {
     qreal factor;
@@ -59,28 +65,33 @@ Signal<QFont>& systemFontChanges() {
     return watch->changes();
 }
 
-// A child of the widget that it gives the font of a style, for as long as that lives.
-class TextStyleFollower : public QObject {
+// A child of the widget that it gives a font made from the system's, for as long as that lives.
+class FontFollower : public QObject {
     Q_OBJECT
 
 public:
-    explicit TextStyleFollower(QWidget& widget)
+    explicit FontFollower(QWidget& widget)
         : QObject(&widget)
         , m_widget(widget)
         , m_subscription(systemFontChanges().observe([this](const QFont&) { apply(); })) {}
 
-    void follow(TextStyle style) {
-        m_style = style;
+    void follow(std::function<QFont()> makeFont) {
+        m_makeFont = std::move(makeFont);
         apply();
     }
 
 private:
-    void apply() { m_widget.setFont(font(m_style)); }
+    void apply() { m_widget.setFont(m_makeFont()); }
 
     QWidget& m_widget;
-    TextStyle m_style = TextStyle::Body;
+    std::function<QFont()> m_makeFont;
     Subscription m_subscription;
 };
+
+FontFollower& followerOf(QWidget& widget) {
+    auto* follower = widget.findChild<FontFollower*>(QString(), Qt::FindDirectChildrenOnly);
+    return follower ? *follower : *new FontFollower(widget);
+}
 
 } // namespace
 
@@ -97,9 +108,18 @@ QFont font(TextStyle style) {
 }
 
 void setTextStyle(QWidget& widget, TextStyle style) {
-    auto* follower = widget.findChild<TextStyleFollower*>(QString(), Qt::FindDirectChildrenOnly);
-    if (!follower) follower = new TextStyleFollower(widget);
-    follower->follow(style);
+    followerOf(widget).follow([style] { return font(style); });
+}
+
+QFont systemFont(double size) {
+    QFont font = QApplication::font();
+    const double growth = std::max(1.0, QFontInfo(font).pixelSize() / usualSize);
+    font.setPixelSize(qRound(size * growth));
+    return font;
+}
+
+void setSystemFont(QWidget& widget, double size) {
+    followerOf(widget).follow([size] { return systemFont(size); });
 }
 
 } // namespace platform

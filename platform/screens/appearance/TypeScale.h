@@ -21,4 +21,11 @@ QFont font(TextStyle style);
 // Gives `widget` the font of `style`, now and whenever the system's font changes.
 void setTextStyle(QWidget& widget, TextStyle style);
 
+// The system's font at a size in points of the design, grown by as much as the user made the system's font
+// larger than its usual ten typographic points; never smaller.
+QFont systemFont(double size);
+
+// Gives `widget` that font, now and whenever the system's font changes.
+void setSystemFont(QWidget& widget, double size);
+
 } // namespace platform
