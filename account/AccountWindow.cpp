@@ -1,7 +1,8 @@
 #include "account/AccountWindow.h"
 
 #include "account/Explanation.h"
-#include "account/Style.h"
+#include "platform/screens/appearance/TypeScale.h"
+#include "platform/screens/controls/ButtonRole.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
@@ -12,6 +13,7 @@
 namespace account {
 
 using platform::Asset;
+using platform::ButtonRole;
 using platform::CKError;
 using platform::CloudResult;
 
@@ -22,17 +24,13 @@ constexpr int roomForResult = 40; // so that an answer of two more lines moves n
 
 QLabel* makeTitle(QWidget* parent) {
     auto* title = new QLabel(QStringLiteral("Quillet Account"), parent);
-    QFont font = title->font();
-    font.setPointSizeF(font.pointSizeF() * 1.8);
-    font.setBold(true);
-    title->setFont(font);
+    platform::setTextStyle(*title, platform::TextStyle::LargeTitle);
     return title;
 }
 
-QPushButton* makeButton(const QString& role, const QString& text, QWidget* parent) {
+QPushButton* makeButton(ButtonRole role, const QString& text, QWidget* parent) {
     auto* button = new QPushButton(text, parent);
-    button->setProperty("role", role);
-    button->setMinimumHeight(controlHeight);
+    platform::setButtonRole(*button, role);
     button->setAutoDefault(true); // Return presses the one with the focus
     return button;
 }
@@ -45,11 +43,10 @@ AccountWindow::AccountWindow(SignIn signIn, ConnectionTester tester)
     , m_form(new Form(this))
     , m_status(new StatusLine(QStringLiteral("Account"), this))
     , m_result(new StatusLine(QStringLiteral("Result"), this))
-    , m_signOutButton(makeButton(QStringLiteral("destructive"), QStringLiteral("Sign &Out"), this))
-    , m_testButton(makeButton(QStringLiteral("plain"), QStringLiteral("T&est Connection"), this))
-    , m_signInButton(makeButton(QStringLiteral("primary"), QStringLiteral("&Sign In"), this))
+    , m_signOutButton(makeButton(ButtonRole::Destructive, QStringLiteral("Sign &Out"), this))
+    , m_testButton(makeButton(ButtonRole::Bordered, QStringLiteral("T&est Connection"), this))
+    , m_signInButton(makeButton(ButtonRole::Prominent, QStringLiteral("&Sign In"), this))
     , m_watcher(m_signIn.service()) {
-    setStyleSheet(windowStyle());
     setWindowTitle(QStringLiteral("Quillet Account"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 20);
@@ -58,7 +55,7 @@ AccountWindow::AccountWindow(SignIn signIn, ConnectionTester tester)
     column->addWidget(m_status);
     column->addWidget(m_form);
     column->addWidget(m_result);
-    column->addStretch();
+    column->addStretch(1); // nothing else grows
     column->addWidget(makeButtons());
 
     connect(m_form, &Form::edited, this, &AccountWindow::edited);

@@ -1,8 +1,8 @@
 #include "account/Form.h"
 
-#include "account/Style.h"
 #include "platform/screens/appearance/Palette.h"
 #include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/controls/ButtonRole.h"
 
 #include <QtCore/QDir>
 #include <QtGui/QAction>
@@ -68,19 +68,17 @@ QWidget* Form::makeKindSwitch() {
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     auto* group = new QButtonGroup(box);
-    const auto add = [&](const QString& text, const QString& side) {
+    const auto add = [&](const QString& text) {
         auto* button = new QPushButton(text, box);
-        button->setProperty("role", QStringLiteral("kind"));
-        button->setProperty("side", side);
+        platform::setButtonRole(*button, platform::ButtonRole::Segment);
         button->setCheckable(true);
         button->setAutoDefault(true); // Return presses the one with the focus
-        button->setMinimumHeight(controlHeight);
         group->addButton(button);
         row->addWidget(button, 1);
         return button;
     };
-    m_serverButton = add(QStringLiteral("Se&rver"), QStringLiteral("left"));
-    m_fileButton = add(QStringLiteral("Shared &File"), QStringLiteral("right"));
+    m_serverButton = add(QStringLiteral("Se&rver"));
+    m_fileButton = add(QStringLiteral("Shared &File"));
     connect(group, &QButtonGroup::buttonToggled, this, [this] {
         showPage();
         Q_EMIT edited();
@@ -135,7 +133,6 @@ QWidget* Form::makeFilePage() {
 QLineEdit* Form::addField(QVBoxLayout* column, const QString& label, const QString& hint) {
     auto* field = new QLineEdit(this);
     field->setPlaceholderText(hint);
-    field->setMinimumHeight(controlHeight);
     field->setAccessibleName(QString(label).remove(QLatin1Char('&')));
     auto* caption = new QLabel(label, this);
     caption->setBuddy(field);

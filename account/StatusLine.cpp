@@ -1,5 +1,6 @@
 #include "account/StatusLine.h"
 
+#include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 
@@ -11,11 +12,35 @@ constexpr int dotSize = 10;
 
 } // namespace
 
+class StatusLine::Dot : public QWidget {
+public:
+    explicit Dot(QWidget* parent)
+        : QWidget(parent) {
+        setFixedSize(dotSize, dotSize);
+    }
+
+    void setAsset(platform::Asset asset) {
+        m_asset = asset;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(platform::color(m_asset));
+        painter.drawEllipse(rect());
+    }
+
+private:
+    platform::Asset m_asset = platform::Asset::SystemGray;
+};
+
 StatusLine::StatusLine(const QString& accessibleName, QWidget* parent)
     : QWidget(parent)
-    , m_dot(new QLabel(this))
+    , m_dot(new Dot(this))
     , m_text(new QLabel(this)) {
-    m_dot->setFixedSize(dotSize, dotSize);
     m_text->setTextFormat(Qt::PlainText); // a server's words are in it
     m_text->setWordWrap(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -35,9 +60,7 @@ StatusLine::StatusLine(const QString& accessibleName, QWidget* parent)
 }
 
 void StatusLine::show(platform::Asset dot, const QString& text) {
-    m_dot->setStyleSheet(QStringLiteral("background: %1; border-radius: %2px;")
-                             .arg(platform::color(dot).name())
-                             .arg(dotSize / 2));
+    m_dot->setAsset(dot);
     m_text->setText(text);
     m_text->setAccessibleDescription(text);
     setVisible(true);

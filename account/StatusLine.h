@@ -21,7 +21,9 @@ public:
     QString text() const;
 
 private:
-    QLabel* m_dot;
+    class Dot;
+
+    Dot* m_dot;
     QLabel* m_text;
 };
 

@@ -1,7 +1,7 @@
 #include "account/AccountWindow.h"
 #include "account/TryConnection.h"
 #include "platform/cloud/ServerEnvironment.h"
-#include "platform/screens/appearance/Palette.h"
+#include "platform/screens/style/Style.h"
 
 #include <QtWidgets/QApplication>
 
@@ -12,8 +12,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillet Account"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLET_VERSION));
-    QApplication::setStyle(QStringLiteral("fusion"));
-    platform::applyPalette();
+    platform::applyStyle();
     account::AccountWindow window(signIn, std::ref(tryConnection));
     window.show();
     return QApplication::exec();

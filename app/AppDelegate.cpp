@@ -3,14 +3,13 @@
 #include "Quillet/core/UserSettings.h"
 #include "platform/cloud/DefaultAccount.h"
 #include "platform/cloud/RemoteNotifications.h"
-
-#include <QtWidgets/QApplication>
+#include "platform/screens/style/Style.h"
 
 namespace quillet {
 
 AppDelegate::AppDelegate()
     : m_coreDataStack(&CoreDataStack::shared()) {
-    QApplication::setStyle(QStringLiteral("fusion"));
+    platform::applyStyle();
 }
 
 AppDelegate::~AppDelegate() {

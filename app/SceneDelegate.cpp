@@ -4,7 +4,6 @@
 #include "Quillet/cloud/CoreDataMigrator.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/UserSettings.h"
-#include "platform/screens/appearance/DesktopSettings.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -22,7 +21,6 @@ void SceneDelegate::willConnect() {
     halcyonix::Environment::shared().primaryColor = platform::Asset::Accent;
     // Ahead of the lists, which so never show what the check deletes.
     CoreDataMigrator::shared().start();
-    platform::applyPalette();
     m_window = SnippetRootViewController::create();
     m_window->preferredDisplayMode = platform::SplitViewController::DisplayMode::OneBesideSecondary;
     m_window->installEventFilter(this);

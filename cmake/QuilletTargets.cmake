@@ -23,17 +23,23 @@ function(quillet_library name)
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE quillet_warnings)
 endfunction()
 
-# quillet_tests(suite SOURCES ... LINK ...): the tests of one folder, run by `./test suite`.
+# quillet_tests(suite [ON_SCREEN] SOURCES ... LINK ...): the tests of one folder, run by `./test suite`; those of
+# what is on screen also by `./test screens`.
 # Each test is its own process: a crash is one failure, and shared instances start fresh.
 function(quillet_tests suite)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "ON_SCREEN" "" "SOURCES;LINK" ${ARGN})
+  set(labels ${suite})
+  if(ARG_ON_SCREEN)
+    set(labels "${suite}\\;screens") # the list goes through a script of its own
+    set_property(GLOBAL APPEND PROPERTY QUILLET_ON_SCREEN ${suite}_tests)
+  endif()
   add_executable(${suite}_tests ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/cmake/TestMain.cpp)
   set_target_properties(${suite}_tests PROPERTIES AUTOMOC ON)
   target_link_libraries(${suite}_tests PRIVATE ${ARG_LINK} Qt6::Widgets Qt6::Test GTest::gtest GTest::gmock
     quillet_warnings)
   include(GoogleTest)
   gtest_discover_tests(${suite}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${suite}." PROPERTIES
-    LABELS ${suite} TIMEOUT 300)
+    LABELS ${labels} TIMEOUT 300)
 endfunction()
 
 # tessarine_tests(suite SOURCES ...): the tests of one folder of the engine, without Qt.

@@ -1,6 +1,13 @@
 #include <QtWidgets/QApplication>
 #include <gtest/gtest.h>
 
+// The toolkit lets go of the recogniser that it makes for each widget with kinetic scrolling.
+extern "C" const char* __lsan_default_suppressions();
+
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:QScroller::grabGesture";
+}
+
 // Widgets, the main queue and queued publications all need an application object; no display is needed.
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);

@@ -28,6 +28,15 @@ struct PayloadHash {
 
 } // namespace
 
+const std::optional<ListItem::Children>& ListItem::children() const {
+    if (m_children || !m_leaves) return m_children;
+    m_children.emplace();
+    m_children->reserve(m_leaves->size());
+    for (std::size_t place = 0; place < m_leaves->size(); ++place)
+        m_children->push_back(std::make_shared<ListItem>(m_leaves->at(place)));
+    return m_children;
+}
+
 size_t qHash(const ListItemType& type, size_t seed) {
     return std::visit(PayloadHash{qHashMulti(seed, type.index())}, type);
 }

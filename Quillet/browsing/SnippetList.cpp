@@ -1,116 +1,141 @@
 #include "Quillet/browsing/SnippetList.h"
 
-#include "Quillet/browsing/SnippetRowDelegate.h"
-#include "platform/screens/appearance/Symbol.h"
+#include "Quillet/core/FolderService.h"
+#include "Quillet/core/TagService.h"
+#include "platform/screens/controllers/AlertController.h"
 
 #include <QtGui/QClipboard>
-#include <QtGui/QContextMenuEvent>
 #include <QtGui/QGuiApplication>
-#include <QtWidgets/QMenu>
-#include <QtWidgets/QScrollBar>
-#include <QtWidgets/QScroller>
+
+#include <algorithm>
+#include <array>
 
 namespace quillet {
 
-SnippetList::SnippetList(SnippetListModel& viewModel, QWidget* parent)
-    : QTreeView(parent)
+namespace {
+
+using platform::MenuAction;
+
+} // namespace
+
+SnippetList::SnippetList(SnippetListModel& viewModel, platform::ViewController& presenter, QWidget* parent)
+    : ListView(parent)
     , m_viewModel(&viewModel)
+    , m_presenter(&presenter)
     , m_tree(viewModel) {
     setAccessibleName(QStringLiteral("Quillet"));
-    setHeaderHidden(true);
-    setFrameShape(QFrame::NoFrame);
-    setRootIsDecorated(false);
-    setIndentation(0);
-    setMouseTracking(true);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setExpandsOnDoubleClick(false);
-    setItemDelegate(new SnippetRowDelegate(this));
-    QScroller::grabGesture(viewport(), QScroller::TouchGesture);
-    setModel(&m_tree);
-
-    connect(&m_tree, &QAbstractItemModel::modelAboutToBeReset, this, &SnippetList::rememberState);
-    connect(&m_tree, &QAbstractItemModel::modelReset, this, &SnippetList::restoreState);
-    connect(this, &QTreeView::expanded, this,
-            [this](const QModelIndex& row) { m_expanded.insert(m_tree.keyOf(row)); });
-    connect(this, &QTreeView::collapsed, this,
-            [this](const QModelIndex& row) { m_expanded.erase(m_tree.keyOf(row)); });
-    connect(this, &QTreeView::clicked, this, &SnippetList::activate);
-    connect(this, &QTreeView::activated, this, [this](const QModelIndex& row) {
-        // A click has acted already; some styles activate with it as well.
-        if (QGuiApplication::mouseButtons() == Qt::NoButton && hasFocus()) activate(row);
+    setOpenRows({[this](const QModelIndex& index) { return contains(index); },
+                 [this](const QModelIndex& index, bool isOpen) { setExpanded(index, isOpen); }});
+    contextMenu = [this](const QModelIndex& index) { return menuOf(index); };
+    swipeActions = [this](const QModelIndex& index) {
+        std::vector<platform::SwipeAction> actions;
+        if (auto deletion = deletionOf(index))
+            actions.push_back({deletion->title, deletion->symbol, platform::SwipeAction::Role::Destructive,
+                               std::move(deletion->handler)});
+        return actions;
+    };
+    connect(this, &ListView::rowActivated, this, &SnippetList::choose);
+    connect(this, &ListView::buttonPressed, this, &SnippetList::pressHeaderButton);
+    connect(this, &ListView::deleteRequested, this, [this](const QModelIndex& index) {
+        if (const auto deletion = deletionOf(index)) deletion->handler();
     });
+    setModel(&m_tree);
 }
 
-void SnippetList::activate(const QModelIndex& index) {
+bool* SnippetList::shownOf(const QModelIndex& index) {
+    if (index.parent().isValid()) return nullptr;
+    const std::array groups{&m_expanded.showFolders, &m_expanded.showTags, &m_expanded.showLanguages};
+    return groups.at(static_cast<std::size_t>(index.row()));
+}
+
+bool SnippetList::contains(const QModelIndex& index) {
+    const bool* shown = shownOf(index);
+    return shown ? *shown : m_expanded.contains(m_tree.itemAt(index)->type());
+}
+
+void SnippetList::setExpanded(const QModelIndex& index, bool isExpanded) {
+    if (bool* shown = shownOf(index))
+        *shown = isExpanded;
+    else
+        m_expanded.set(m_tree.itemAt(index)->type(), isExpanded);
+}
+
+void SnippetList::choose(const QModelIndex& index) {
     const auto snippet = m_tree.snippetAt(index);
-    if (!snippet) {
-        setExpanded(index, !isExpanded(index));
-        return;
-    }
-    m_selectedSnippet = snippet.get();
-    m_selectedGroup = m_tree.keyOf(index.parent());
+    if (!snippet) return;
+    m_selectedSnippet = snippet;
     if (onSelectSnippet) onSelectSnippet(snippet);
 }
 
+void SnippetList::pressHeaderButton(const QModelIndex& index) {
+    const auto& run = index.row() == SnippetTree::FolderGroup ? onAddFolder : onEditTags;
+    if (run) run();
+}
+
 void SnippetList::select(const std::shared_ptr<Snippet>& snippet) {
-    for (const auto& item : m_viewModel->listItems.value())
-        if (item->type() == ListItemType(snippet)) return;
-    m_selectedSnippet = nullptr;
-    clearSelection();
-}
-
-void SnippetList::rememberState() {
-    m_scroll = verticalScrollBar()->value();
-}
-
-void SnippetList::restoreState() {
-    const QSignalBlocker quiet(this);
-    for (int group = 0; group < m_tree.rowCount(); ++group) {
-        const QModelIndex groupIndex = m_tree.index(group, 0);
-        setExpanded(groupIndex, m_expanded.contains(m_tree.keyOf(groupIndex)));
-        for (int member = 0; member < m_tree.rowCount(groupIndex); ++member) {
-            const QModelIndex memberIndex = m_tree.index(member, 0, groupIndex);
-            const bool isOpen = m_expanded.contains(m_tree.keyOf(memberIndex));
-            if (isOpen) setExpanded(memberIndex, true);
-            if (!isOpen || m_tree.keyOf(memberIndex) != m_selectedGroup) continue;
-            for (int leaf = 0; leaf < m_tree.rowCount(memberIndex); ++leaf) {
-                const QModelIndex leafIndex = m_tree.index(leaf, 0, memberIndex);
-                if (m_tree.snippetAt(leafIndex).get() == m_selectedSnippet) setCurrentIndex(leafIndex);
-            }
-        }
-    }
-    executeDelayedItemsLayout();
-    verticalScrollBar()->setValue(m_scroll);
-}
-
-// The delegate draws the chevrons.
-void SnippetList::drawBranches(QPainter* /*painter*/, const QRect& /*rect*/,
-                               const QModelIndex& /*index*/) const {}
-
-void SnippetList::contextMenuEvent(QContextMenuEvent* event) {
-    const QModelIndex row = event->reason() == QContextMenuEvent::Keyboard
-                                ? currentIndex()
-                                : indexAt(viewport()->mapFrom(this, event->pos()));
-    const auto snippet = row.isValid() ? m_tree.snippetAt(row) : nullptr;
     if (!snippet) return;
-    const QPoint at = event->reason() == QContextMenuEvent::Keyboard
-                          ? viewport()->mapToGlobal(visualRect(row).center())
-                          : event->globalPos();
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(platform::symbolIcon(QStringLiteral("doc.on.doc"), platform::Asset::Text),
-                    QStringLiteral("Copy Snippet"), [snippet] {
-                        if (const auto code = snippet->readCode())
-                            QGuiApplication::clipboard()->setText(*code);
-                    });
-    menu->addAction(platform::symbolIcon(QStringLiteral("trash"), platform::Asset::SystemRed),
-                    QStringLiteral("Delete Snippet"), [this, snippet] {
-                        m_viewModel->snippetService().remove(*snippet);
-                        if (onDeleteSnippet) onDeleteSnippet(snippet);
-                    });
-    menu->popup(at);
+    const bool isListed = std::ranges::any_of(m_viewModel->listItems.value(), [&snippet](const auto& item) {
+        return item->type() == ListItemType(snippet);
+    });
+    m_selectedSnippet = isListed ? snippet : nullptr;
+    if (!isListed) clearSelection();
+}
+
+std::optional<platform::Menu> SnippetList::menuOf(const QModelIndex& index) {
+    if (const auto snippet = m_tree.snippetAt(index)) return snippetMenu(snippet);
+    if (auto deletion = deletionOf(index)) return platform::Menu{{}, {std::move(*deletion)}};
+    return std::nullopt;
+}
+
+platform::Menu SnippetList::snippetMenu(const std::shared_ptr<Snippet>& snippet) {
+    const auto copy = [snippet] {
+        if (const auto code = snippet->readCode()) QGuiApplication::clipboard()->setText(*code);
+    };
+    const auto addToFolder = [this, snippet] {
+        if (onAddSnippetToFolder) onAddSnippetToFolder(snippet);
+    };
+    return {{},
+            {MenuAction{QStringLiteral("Copy Snippet"), QStringLiteral("doc"), copy}, deletionOf(snippet),
+             MenuAction{QStringLiteral("Add to folder"), QStringLiteral("folder.fill"), addToFolder}}};
+}
+
+MenuAction SnippetList::deletionOf(const std::shared_ptr<Snippet>& snippet) {
+    return {QStringLiteral("Delete Snippet"), QStringLiteral("trash"),
+            [this, snippet] { deleteSnippet(snippet); }, MenuAction::Role::Destructive};
+}
+
+std::optional<MenuAction> SnippetList::deletionOf(const QModelIndex& index) {
+    if (const auto snippet = m_tree.snippetAt(index)) return deletionOf(snippet);
+    const auto item = m_tree.itemAt(index);
+    if (!item) return std::nullopt;
+    if (const auto* tag = std::get_if<std::shared_ptr<Tag>>(&item->type()))
+        return confirmedDeletion<Tag, TagService>(tagKind, *tag);
+    if (const auto* folder = std::get_if<std::shared_ptr<Folder>>(&item->type()))
+        return confirmedDeletion<Folder, FolderService>(folderKind, *folder);
+    return std::nullopt;
+}
+
+void SnippetList::deleteSnippet(const std::shared_ptr<Snippet>& snippet) {
+    m_viewModel->snippetService().remove(*snippet);
+    if (m_selectedSnippet == snippet) m_selectedSnippet = nullptr;
+    if (onDeleteSnippet) onDeleteSnippet(snippet);
+}
+
+template <typename Item, typename Service>
+MenuAction SnippetList::confirmedDeletion(const ItemKind& kind, std::shared_ptr<Item> item) {
+    const auto remove = [&kind, item] {
+        Service::shared().remove(*item, Service::Snippets::Keep);
+        CoreDataStack::shared().save(kind.deleted);
+    };
+    const auto ask = [this, &kind, item, remove] {
+        using platform::AlertAction;
+        auto alert = std::make_unique<platform::AlertController>(kind.deleteTitle(),
+                                                                 kind.deleteQuestion(item->title()));
+        alert->addAction({kind.deleteTitle(), AlertAction::Style::Destructive, remove});
+        alert->addAction({QStringLiteral("Cancel"), AlertAction::Style::Cancel, {}});
+        m_presenter->present(std::move(alert));
+    };
+    return {kind.deleteTitle(), QStringLiteral("trash.fill"), ask, MenuAction::Role::Destructive};
 }
 
 } // namespace quillet

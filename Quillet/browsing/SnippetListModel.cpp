@@ -1,83 +1,76 @@
 #include "Quillet/browsing/SnippetListModel.h"
 
-#include "Quillet/core/UserSettings.h"
 #include "platform/foundation/CodePointOrder.h"
 
-#include <algorithm>
 #include <map>
 
 namespace quillet {
 
 namespace {
 
-// A snippet with what the order asks of it, read once: a sort compares each a dozen times.
-struct Sortable {
-    explicit Sortable(std::shared_ptr<Snippet> member)
-        : title(platform::codePointOrderKey(member->title()))
-        , lastUpdate(member->lastUpdate())
-        , snippet(std::move(member)) {}
+using Numbers = std::vector<SnippetOrder::Number>;
 
-    QString title;
-    std::optional<QDateTime> lastUpdate;
-    std::shared_ptr<Snippet> snippet;
-};
-
-// The order is fixed for a whole sort: a setting or a clock that moved between two comparisons would leave no
-// order at all, and the sort outside of its array.
-void sortByTheSetting(std::vector<Sortable>& members) {
-    if (UserSettings::shared().sortIndex.value() != 0) {
-        std::ranges::stable_sort(members, {}, &Sortable::title);
-        return;
+// The members of each group, in no order yet.
+template <typename Group>
+std::vector<Numbers> membersOf(const std::vector<std::shared_ptr<Group>>& groups, SnippetOrder& order) {
+    std::vector<Numbers> members(groups.size());
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        const auto& objects = groups[i]->toMany(Group::Snippets);
+        members[i].reserve(objects.size());
+        for (auto* object : objects)
+            members[i].push_back(order.add(static_cast<Snippet&>(*object)));
     }
-    const auto now = QDateTime::currentDateTimeUtc();
-    std::ranges::stable_sort(members, std::ranges::greater(),
-                             [&now](const Sortable& member) { return member.lastUpdate.value_or(now); });
-}
-
-ListItem::Children leavesOf(std::vector<Sortable> members) {
-    sortByTheSetting(members);
-    ListItem::Children leaves;
-    leaves.reserve(members.size());
-    for (auto& member : members)
-        leaves.push_back(std::make_shared<ListItem>(std::move(member.snippet)));
-    return leaves;
+    return members;
 }
 
 template <typename Group>
-SnippetListModel::Items groupItems(const std::vector<std::shared_ptr<Group>>& groups) {
+SnippetListModel::Items groupItems(const std::vector<std::shared_ptr<Group>>& groups,
+                                   std::vector<Numbers> members,
+                                   const std::shared_ptr<const SnippetOrder>& order) {
     SnippetListModel::Items items;
-    for (const auto& group : groups) {
-        std::vector<Sortable> members;
-        members.reserve(group->toMany(Group::Snippets).size());
-        for (auto* object : group->toMany(Group::Snippets))
-            members.emplace_back(std::static_pointer_cast<Snippet>(object->shared_from_this()));
-        items.push_back(std::make_shared<ListItem>(group, leavesOf(std::move(members))));
+    items.reserve(groups.size());
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        order->sort(members[i]);
+        items.push_back(std::make_shared<ListItem>(groups[i], SnippetLeaves(order, std::move(members[i]))));
     }
     return items;
 }
 
-SnippetListModel::Items languageGroups(const SnippetListModel::Snippets& snippets) {
-    struct Group {
-        QString language;
-        std::vector<Sortable> members;
-    };
+struct LanguageGroup {
+    QString language;
+    Numbers members;
+};
 
-    std::map<QString, Group> groups; // by order key
-    for (const auto& snippet : snippets) {
-        const auto language = snippet->language();
-        auto& group = groups[platform::codePointOrderKey(language.value_or(QString()))];
-        group.language = language.value_or(QString());
+// By the order key of their language. Snippets stand in the order that they have in `snippets`, which is that
+// of their numbers.
+std::map<QString, LanguageGroup> byLanguage(const SnippetListModel::Snippets& snippets) {
+    std::map<QString, LanguageGroup> groups;
+    QHash<QString, LanguageGroup*> known;
+    for (SnippetOrder::Number number = 0; number < snippets.size(); ++number) {
+        const QVariant language = snippets[number]->value(Snippet::Language);
+        const QString name = language.toString();
+        auto*& group = known[name];
+        if (!group) {
+            group = &groups[platform::codePointOrderKey(name)];
+            group->language = name;
+        }
         // A snippet without a language shows only as the empty group that it makes appear.
-        if (language) group.members.emplace_back(snippet);
+        if (!language.isNull()) group->members.push_back(number);
     }
+    return groups;
+}
+
+SnippetListModel::Items languageItemsOf(const SnippetListModel::Snippets& snippets,
+                                        const std::shared_ptr<const SnippetOrder>& order) {
     SnippetListModel::Items items;
-    for (auto& [key, group] : groups) {
-        auto leaves = leavesOf(std::move(group.members));
+    for (auto& [key, group] : byLanguage(snippets)) {
+        order->sort(group.members);
         LanguageHeader header{group.language, {}};
-        header.snippets.reserve(leaves.size());
-        for (const auto& leaf : leaves)
-            header.snippets.push_back(std::get<std::shared_ptr<Snippet>>(leaf->type()));
-        items.push_back(std::make_shared<ListItem>(std::move(header), std::move(leaves)));
+        header.snippets.reserve(group.members.size());
+        for (const auto number : group.members)
+            header.snippets.push_back(order->at(number));
+        items.push_back(
+            std::make_shared<ListItem>(std::move(header), SnippetLeaves(order, std::move(group.members))));
     }
     return items;
 }
@@ -105,9 +98,13 @@ void SnippetListModel::refresh() {
 }
 
 void SnippetListModel::rebuild(const Snippets& snippets, const Folders& folders, const Tags& tags) {
-    auto languages = languageGroups(snippets);
-    auto folderGroups = groupItems(folders);
-    auto tagGroups = groupItems(tags);
+    const auto order = std::make_shared<SnippetOrder>(snippets);
+    auto inFolders = membersOf(folders, *order);
+    auto inTags = membersOf(tags, *order);
+    order->rank();
+    auto languages = languageItemsOf(snippets, order);
+    auto folderGroups = groupItems(folders, std::move(inFolders), order);
+    auto tagGroups = groupItems(tags, std::move(inTags), order);
     tagItems.set(std::move(tagGroups));
     folderItems.set(std::move(folderGroups));
     languageItems.set(std::move(languages));

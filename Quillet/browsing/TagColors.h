@@ -2,16 +2,30 @@
 
 #include "platform/screens/appearance/Palette.h"
 
+#include <QtCore/QString>
+
 #include <array>
 
 namespace quillet {
 
-// The colours a tag can have, by colorIndex. A stored index is always expected to be in range.
+// A colour that a tag can have, and what it is called where it cannot be seen.
+struct TagColor {
+    platform::Asset asset;
+    QLatin1StringView name;
+};
+
+// By colorIndex. A stored index is always expected to be in range.
 inline constexpr std::array tagColors{
-    platform::Asset::KindaGreen,  platform::Asset::BlueStart,    platform::Asset::GreenStart,
-    platform::Asset::Purple,      platform::Asset::SystemYellow, platform::Asset::SystemOrange,
-    platform::Asset::SystemRed,   platform::Asset::SystemPink,   platform::Asset::SystemGray,
-    platform::Asset::SystemBlack,
+    TagColor{platform::Asset::KindaGreen, QLatin1StringView("Green")},
+    TagColor{platform::Asset::BlueStart, QLatin1StringView("Blue")},
+    TagColor{platform::Asset::GreenStart, QLatin1StringView("Teal")},
+    TagColor{platform::Asset::Purple, QLatin1StringView("Purple")},
+    TagColor{platform::Asset::SystemYellow, QLatin1StringView("Yellow")},
+    TagColor{platform::Asset::SystemOrange, QLatin1StringView("Orange")},
+    TagColor{platform::Asset::SystemRed, QLatin1StringView("Red")},
+    TagColor{platform::Asset::SystemPink, QLatin1StringView("Pink")},
+    TagColor{platform::Asset::SystemGray, QLatin1StringView("Gray")},
+    TagColor{platform::Asset::SystemBlack, QLatin1StringView("Black")},
 };
 
 // Fatal for an index outside the table: there is no colour to fall back on.

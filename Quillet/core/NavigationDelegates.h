@@ -12,6 +12,8 @@ public:
     virtual ~SnippetSelectionDelegate() = default;
     virtual void didSelect(const std::shared_ptr<Snippet>& snippet) = 0;
     virtual void didDelete(const std::shared_ptr<Snippet>& snippet) = 0;
+    // The user wants to choose a folder for it.
+    virtual void addToFolder(const std::shared_ptr<Snippet>& snippet) = 0;
 };
 
 // Told of a new snippet, once it is saved.

@@ -1,6 +1,13 @@
 #include "Quillet/screens/HealthBanner.h"
 
+#include "platform/screens/appearance/Palette.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QPainter>
+
 namespace quillet {
+
+using platform::Asset;
 
 HealthBanner::HealthBanner(QWidget* parent)
     : QLabel(parent) {
@@ -8,8 +15,25 @@ HealthBanner::HealthBanner(QWidget* parent)
     setWordWrap(true);
     setMargin(10);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setStyleSheet(QStringLiteral("background: #B3261E; color: white;"));
+    takeColors();
     m_subscription = CoreDataStack::shared().health().observe([this](const auto& health) { show(health); });
+}
+
+void HealthBanner::paintEvent(QPaintEvent* event) {
+    QPainter(this).fillRect(rect(), platform::color(Asset::SystemRed));
+    QLabel::paintEvent(event);
+}
+
+// Its text in the colour that is read on red, also when that changes.
+void HealthBanner::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange) takeColors();
+}
+
+void HealthBanner::takeColors() {
+    QPalette colors;
+    colors.setColor(QPalette::WindowText, platform::color(Asset::OnAccent));
+    setPalette(colors);
 }
 
 void HealthBanner::show(const CoreDataStack::Health& health) {

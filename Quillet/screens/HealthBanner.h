@@ -14,7 +14,12 @@ class HealthBanner : public QLabel {
 public:
     explicit HealthBanner(QWidget* parent = nullptr);
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
+    void takeColors();
     void show(const CoreDataStack::Health& health);
 
     platform::Subscription m_subscription;

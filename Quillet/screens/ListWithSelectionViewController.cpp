@@ -33,6 +33,7 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
     m_searchBar->setPlaceholderText(QStringLiteral("Search"));
     m_searchBar->setAccessibleName(QStringLiteral("Search"));
     m_searchBar->setClearButtonEnabled(true);
+    m_searchBar->setMinimumHeight(44);
     m_searchBar->addAction(platform::symbolIcon(QStringLiteral("search"), platform::Asset::TextSecondary),
                            QLineEdit::LeadingPosition);
     m_searchBar->installEventFilter(this);

@@ -6,14 +6,12 @@
 #include "Quillet/screens/AlertMaker.h"
 #include "Quillet/screens/Languages.h"
 #include "Quillet/screens/ListWithSelectionViewController.h"
-#include "platform/screens/appearance/Palette.h"
-#include "platform/screens/appearance/Symbol.h"
 #include "platform/screens/controllers/NavigationController.h"
+#include "platform/screens/controls/DisclosureRow.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QCheckBox>
-#include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
@@ -44,8 +42,7 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
     : ViewController(parent)
     , m_snippet(std::move(snippet))
     , m_nameField(new QLineEdit(this))
-    , m_languageRow(new QPushButton(this))
-    , m_languageDetailLabel(new QLabel(m_languageRow))
+    , m_languageRow(new platform::DisclosureRow(this))
     , m_notesField(new QPlainTextEdit(this))
     , m_copySwitch(new QCheckBox(QStringLiteral("Import code from the clipboard"), this)) {
     setTitle(m_snippet ? QStringLiteral("Edit Snippet") : QStringLiteral("New Snippet"));
@@ -63,27 +60,7 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
     m_notesField->setPlaceholderText(QStringLiteral("Notes"));
     m_notesField->setAccessibleName(QStringLiteral("Notes"));
     m_notesField->setTabChangesFocus(true);
-    auto* chevron = new QLabel(m_languageRow);
-    chevron->setPixmap(
-        platform::symbolIcon(QStringLiteral("chevron.right"), platform::Asset::TextSecondary).pixmap(12, 12));
-    auto* rowContent = new QHBoxLayout(m_languageRow);
-    rowContent->setContentsMargins(14, 0, 14, 0);
-    rowContent->addWidget(m_languageDetailLabel, 1);
-    rowContent->addWidget(chevron);
-    for (auto* label : {m_languageDetailLabel, chevron})
-        label->setAttribute(Qt::WA_TransparentForMouseEvents);
-    connect(m_languageRow, &QPushButton::clicked, this, &SnippetDetailsViewController::pickLanguage);
-
-    const QString field =
-        QStringLiteral("QLineEdit, QPlainTextEdit, QPushButton#row { background: %1; color: %2; border: 1px "
-                       "solid %3; border-radius: 10px; padding: 8px 12px; }"
-                       "QLineEdit:focus, QPlainTextEdit:focus, QPushButton#row:focus { border: 2px "
-                       "solid %4; padding: 7px 11px; }")
-            .arg(platform::color(platform::Asset::Card).name(), platform::color(platform::Asset::Text).name(),
-                 platform::color(platform::Asset::Separator).name(),
-                 platform::color(platform::Asset::Accent).name());
-    m_languageRow->setObjectName(QStringLiteral("row"));
-    setStyleSheet(field);
+    connect(m_languageRow, &QAbstractButton::clicked, this, &SnippetDetailsViewController::pickLanguage);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 10, 16, 16);
@@ -93,11 +70,9 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
                                                  {QStringLiteral("N&otes"), m_notesField}};
     for (const auto& [text, widget] : rows) {
         column->addWidget(caption(text, widget));
-        widget->setMinimumHeight(44);
         column->addWidget(widget);
     }
     column->addSpacing(4);
-    m_copySwitch->setMinimumHeight(44);
     column->addWidget(m_copySwitch);
 
     if (m_snippet) {
@@ -114,7 +89,7 @@ SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snipp
 
 void SnippetDetailsViewController::showLanguage(const QString& language) {
     m_language = language;
-    m_languageDetailLabel->setText(isEmpty(language) ? QStringLiteral("Choose a language") : language);
+    m_languageRow->setText(isEmpty(language) ? QStringLiteral("Choose a language") : language);
     m_languageRow->setAccessibleName(QStringLiteral("Language"));
     m_languageRow->setAccessibleDescription(language);
 }

@@ -8,10 +8,12 @@
 #include <optional>
 
 class QCheckBox;
-class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
-class QPushButton;
+
+namespace platform {
+class DisclosureRow;
+}
 
 namespace quillet {
 
@@ -38,8 +40,7 @@ private:
 
     std::shared_ptr<Snippet> m_snippet;
     QLineEdit* m_nameField;
-    QPushButton* m_languageRow;
-    QLabel* m_languageDetailLabel;
+    platform::DisclosureRow* m_languageRow;
     QPlainTextEdit* m_notesField;
     QCheckBox* m_copySwitch;
     QString m_language;

@@ -1,6 +1,8 @@
 #include "Quillet/screens/SnippetRootViewController.h"
 
+#include "Quillet/browsing/FolderSelectionView.h"
 #include "Quillet/browsing/HomeListViewController.h"
+#include "Quillet/browsing/SelectionNavigationController.h"
 #include "Quillet/controls/SnippetNavigationController.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/screens/HealthBanner.h"
@@ -43,6 +45,7 @@ void SnippetRootViewController::adopt(platform::ViewController& controller) {
     if (auto* list = qobject_cast<HomeListViewController*>(&controller)) {
         m_homeListViewController = list;
         list->delegate = this;
+        list->creationDelegate = this;
         list->onAdd = [this] { presentNewModally(); };
     } else if (auto* editor = qobject_cast<SnippetViewController*>(&controller)) {
         m_snippetViewController = editor;
@@ -72,6 +75,10 @@ void SnippetRootViewController::didDelete(const std::shared_ptr<Snippet>& snippe
     if (!m_snippetViewController || m_snippetViewController->snippet() != snippet) return;
     m_snippetViewController->setSnippet(nullptr);
     setWindowTitle(QStringLiteral("Quillet"));
+}
+
+void SnippetRootViewController::addToFolder(const std::shared_ptr<Snippet>& snippet) {
+    SelectionNavigationController::present(*this, std::make_unique<FolderSelectionView>(snippet));
 }
 
 void SnippetRootViewController::didCreate(const std::shared_ptr<Snippet>& snippet) {

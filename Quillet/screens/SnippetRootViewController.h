@@ -24,6 +24,8 @@ public:
 
     void didSelect(const std::shared_ptr<Snippet>& snippet) override;
     void didDelete(const std::shared_ptr<Snippet>& snippet) override;
+    // What is chosen there waits for the next save.
+    void addToFolder(const std::shared_ptr<Snippet>& snippet) override;
     void didCreate(const std::shared_ptr<Snippet>& snippet) override;
     void didEdit(const std::shared_ptr<Snippet>& snippet) override;
 

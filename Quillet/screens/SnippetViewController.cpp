@@ -1,6 +1,8 @@
 #include "Quillet/screens/SnippetViewController.h"
 
 #include "Quillet/controls/SnippetNavigationController.h"
+#include "Quillet/browsing/SelectionNavigationController.h"
+#include "Quillet/browsing/TagSelectionView.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/KeyStore.h"
 #include "Quillet/core/Segment.h"
@@ -97,6 +99,8 @@ void SnippetViewController::addBarButtons() {
     m_editButton = &navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
         Look{QStringLiteral("rectangle.and.pencil.and.ellipsis"), QStringLiteral("Edit Details")},
         [this] { presentDetails(); }));
+    m_tagButton = &navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
+        Look{QStringLiteral("tag.fill"), QStringLiteral("Tags")}, [this] { presentTags(); }));
 }
 
 void SnippetViewController::layOutViews() {
@@ -122,6 +126,7 @@ void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
     m_snippet = std::move(snippet);
     const bool present = m_snippet != nullptr;
     m_editButton->setEnabled(present);
+    m_tagButton->setEnabled(present);
     m_languageButton->setVisible(present);
     showDescription();
     const auto code = present ? m_snippet->readCode() : QString();
@@ -199,6 +204,7 @@ void SnippetViewController::createFromText() {
                                 m_notesLabel->text(), m_textView->text(), m_selectedLanguage);
     m_knownCode = m_textView->text();
     m_editButton->setEnabled(true);
+    m_tagButton->setEnabled(true);
     m_languageButton->setVisible(true);
     setTitle(m_snippet->title());
 }
@@ -220,6 +226,12 @@ void SnippetViewController::presentDetails() {
     auto details = std::make_unique<SnippetDetailsViewController>(m_snippet);
     details->editDelegate = this;
     present(std::make_unique<SnippetNavigationController>(std::move(details)));
+}
+
+void SnippetViewController::presentTags() {
+    if (!m_snippet) return;
+    SelectionNavigationController::present(*this, std::make_unique<TagSelectionView>(m_snippet, tagColors),
+                                           [] { CoreDataStack::shared().save(SaveReason::AddedTag); });
 }
 
 void SnippetViewController::presentLanguages() {

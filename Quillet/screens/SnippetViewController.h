@@ -42,6 +42,7 @@ private:
     void addBarButtons();
     void layOutViews();
     void presentDetails();
+    void presentTags();
     void presentLanguages();
     void presentThemes();
     void selectLanguage(const QString& language);
@@ -60,7 +61,8 @@ private:
     QLabel* m_notesLabel;
     QToolButton* m_languageButton;
     QToolButton* m_themeButton;
-    platform::BarButtonItem* m_editButton = nullptr; // the navigation item owns it
+    platform::BarButtonItem* m_editButton = nullptr; // the navigation item owns these
+    platform::BarButtonItem* m_tagButton = nullptr;
     platform::TextView* m_textView;
     CodeAttributedString* m_textStorage;
     platform::Timer m_timer; // auto-save

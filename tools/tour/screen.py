@@ -48,7 +48,7 @@ def _walk(node):
             yield from _walk(child)
 
 
-def _application():
+def application():
     desktop = Atspi.get_desktop(0)
     for index in range(desktop.get_child_count()):
         child = desktop.get_child_at_index(index)
@@ -60,13 +60,13 @@ def _application():
 
 
 def nodes(role=None):
-    application = _application()
-    if application is None:
+    program = application()
+    if program is None:
         return []
-    application.clear_cache()
+    program.clear_cache()
     return [
         node
-        for node in _walk(application)
+        for node in _walk(program)
         if node.get_state_set().contains(Atspi.StateType.SHOWING) and (role is None or node.get_role_name() == role)
     ]
 
@@ -79,8 +79,14 @@ def texts_of(node):
         yield Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text))
 
 
+def _is_called(node, name):
+    called = node.get_name() or ""
+    # Of a row its title is read, and then what stands at its end.
+    return called == name or (called.startswith(f"{name}, ") and node.get_role_name() == "tree item")
+
+
 def find(name, role=None):
-    matching = [node for node in nodes(role) if node.get_name() == name]
+    matching = [node for node in nodes(role) if _is_called(node, name)]
     # What was opened last lies on top.
     return matching[-1] if matching else None
 
@@ -104,9 +110,13 @@ def center(node):
 
 def click(name, role=None, button="1"):
     shows(name, role)
-    time.sleep(0.2)  # what moves comes to rest
+    time.sleep(0.6)  # what moves comes to rest
     x, y = center(shows(name, role))
     run("xdotool", "mousemove", str(x), str(y), "click", button)
+
+
+def gone(name, role=None):
+    return wait(f"{name!r} is still on screen", lambda: find(name, role) is None)
 
 
 def press(*keys):
@@ -122,9 +132,14 @@ def set_clipboard(text):
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
-def picture(path):
+def picture(path, window=None):
+    """Of the whole screen, or of the part where `window` is, with what lies over it."""
     time.sleep(0.4)  # the last painting
-    run("import", "-window", "root", path)
+    area = ()
+    if window:
+        box = dict(line.split("=") for line in run("xdotool", "getwindowgeometry", "--shell", window).split())
+        area = ("-crop", f"{box['WIDTH']}x{box['HEIGHT']}+{box['X']}+{box['Y']}")
+    run("import", "-window", "root", *area, "+repage", path)
 
 
 def colours_in(path, node):

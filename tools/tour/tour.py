@@ -1,57 +1,17 @@
 """The first-use tour: a person's first steps with the program, each checked by what is then on screen."""
 
 import os
-import pathlib
 import subprocess
-import sys
 import time
 
 import screen
+from program import EXECUTABLE, PICTURES, Album, DarkDesktop, Program, dismiss_account_warning
 from screen import Missing, click, press, set_clipboard, shows, shows_text, type_text, wait
 
-EXECUTABLE, PICTURES = sys.argv[1], pathlib.Path(sys.argv[2])
-HERE = pathlib.Path(__file__).parent
 CODE = "func greet(name: String) -> String {\n    // Says hello.\n    return \"Hello, \\(name)!\"\n}\n"
 
-steps = 0
-
-
-def done(title):
-    """A picture of the step just taken, and its line."""
-    global steps
-    steps += 1
-    path = PICTURES / f"{steps:02d}-{title.lower().replace(' ', '-')}.png"
-    screen.picture(str(path))
-    print(f"ok {steps:2d}  {title}", flush=True)
-    return str(path)
-
-
-class Program:
-    """The running program and the lines it has printed."""
-
-    def __init__(self):
-        self.log = open(PICTURES / "program.log", "a", encoding="utf-8")
-        self.process = subprocess.Popen([EXECUTABLE], stdout=self.log, stderr=self.log)
-        shows("Languages")
-        dismiss_account_warning()
-
-    def quit(self):
-        press("alt+F4")
-        try:
-            code = self.process.wait(timeout=screen.PATIENCE)
-        except subprocess.TimeoutExpired:
-            raise Missing("the program does not end when its window closes") from None
-        if code != 0:
-            raise Missing(f"the program ended with {code}")
-
-
-def dismiss_account_warning():
-    """The tour has no account, of which the program warns each time the list appears."""
-    shows("Sign into your iCloud account to use Quillet. Without this your snippets will only ever save locally.")
-    if steps == 0:
-        done("Warning without an account")
-    click("Okay")
-    wait("the warning does not go", lambda: not screen.find("Okay"))
+album = Album()
+done = album.done
 
 
 def open_snippet(language, title):
@@ -120,12 +80,14 @@ def after_restart():
 def narrow():
     window = screen.run("xdotool", "getactivewindow").strip()
     screen.run("xdotool", "windowsize", "--sync", window, "390", "744")
-    wait("the narrow window does not show one column", lambda: screen.find("Back"))
+    wait("the narrow window does not show one column", lambda: not screen.find("Code"))
+    done("Narrow list")
+    click("Greeting")
+    shows("Back")
     done("Narrow editor")
     click("Back")
-    shows("Languages")
     dismiss_account_warning()
-    done("Narrow list")
+    shows("Languages")
 
 
 def dark():
@@ -140,7 +102,7 @@ def dark():
 
 
 def tour():
-    program = Program()
+    program = Program(before_warning=lambda: done("Warning without an account"))
     first_use(program)
     program.quit()
     program = Program()
@@ -148,13 +110,11 @@ def tour():
     narrow()
     program.quit()
 
-    portal = subprocess.Popen(["/usr/bin/python3", str(HERE / "portal.py")], stdout=subprocess.PIPE, text=True)
-    portal.stdout.readline()
-    program = Program()
-    dark()
-    program.quit()
-    portal.kill()
-    print(f"The tour is done: {steps} pictures in {os.path.relpath(PICTURES)}", flush=True)
+    with DarkDesktop():
+        program = Program()
+        dark()
+        program.quit()
+    print(f"The tour is done: {album.steps} pictures in {os.path.relpath(PICTURES)}", flush=True)
 
 
 screen.take(tour, PICTURES / "failed.png")

@@ -114,7 +114,8 @@ TEST_F(LibraryScreens, TheFormTakesTheClipboardAndWantsNameAndLanguage) {
     EXPECT_EQ(window->findChild<SnippetDetailsViewController*>(), nullptr);
 
     click("Add");
-    QTest::mouseClick(window->findChild<QCheckBox*>(), Qt::LeftButton, {}, QPoint(10, 22));
+    auto* copySwitch = window->findChild<QCheckBox*>();
+    QTest::mouseClick(copySwitch, Qt::LeftButton, {}, QPoint(10, copySwitch->height() / 2));
     QTest::keyClicks(named<QLineEdit>("Name"), QStringLiteral("  ")); // two blanks are a name
     click("Language");
     QTest::keyClicks(named<QLineEdit>("Search"), QStringLiteral("SWIFT"));

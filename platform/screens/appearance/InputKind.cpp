@@ -6,6 +6,7 @@
 #include <QtGui/QMouseEvent>
 
 #include <algorithm>
+#include <optional>
 
 namespace platform {
 
@@ -26,6 +27,24 @@ bool isTouch(const QPointerEvent& event) {
     return event.device() && event.device()->type() == QInputDevice::DeviceType::TouchScreen;
 }
 
+// What an event says of how the user works; most say nothing.
+std::optional<InputKind> kindOf(const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::FocusIn:
+        if (movesFocus(static_cast<const QFocusEvent&>(event))) return InputKind::Keyboard;
+        return std::nullopt;
+    case QEvent::KeyPress:
+        if (movesFocus(static_cast<const QKeyEvent&>(event))) return InputKind::Keyboard;
+        return std::nullopt;
+    case QEvent::MouseButtonPress:
+        return isTouch(static_cast<const QMouseEvent&>(event)) ? InputKind::Touch : InputKind::Mouse;
+    case QEvent::TouchBegin:
+        return InputKind::Touch;
+    default:
+        return std::nullopt;
+    }
+}
+
 class InputWatch : public QObject {
 public:
     explicit InputWatch(QCoreApplication* application)
@@ -33,37 +52,22 @@ public:
         application->installEventFilter(this);
     }
 
-    InputKind kind() const { return m_kind; }
+    Observable<InputKind>& kind() { return m_kind; }
 
 protected:
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        switch (event->type()) {
-        case QEvent::FocusIn:
-            if (movesFocus(*static_cast<QFocusEvent*>(event))) m_kind = InputKind::Keyboard;
-            break;
-        case QEvent::KeyPress:
-            if (movesFocus(*static_cast<QKeyEvent*>(event))) m_kind = InputKind::Keyboard;
-            break;
-        case QEvent::MouseButtonPress:
-            m_kind = isTouch(*static_cast<QMouseEvent*>(event)) ? InputKind::Touch : InputKind::Mouse;
-            break;
-        case QEvent::TouchBegin:
-            m_kind = InputKind::Touch;
-            break;
-        default:
-            break;
-        }
+        if (const auto kind = kindOf(*event); kind && *kind != m_kind.value()) m_kind.set(*kind);
         return false;
     }
 
 private:
-    InputKind m_kind = InputKind::Mouse;
+    Observable<InputKind> m_kind{InputKind::Mouse};
 };
 
 } // namespace
 
-InputKind currentInput() {
-    static const InputWatch* const watch = new InputWatch(QCoreApplication::instance());
+Observable<InputKind>& input() {
+    static auto* const watch = new InputWatch(QCoreApplication::instance()); // the application's child
     return watch->kind();
 }
 

@@ -1,7 +1,9 @@
 #include "platform/screens/appearance/Symbol.h"
 
 #include "platform/foundation/FatalError.h"
+#include "platform/foundation/NeverDestroyed.h"
 
+#include <QtCore/QCache>
 #include <QtCore/QHash>
 #include <QtGui/QIconEngine>
 #include <QtGui/QPainter>
@@ -29,6 +31,52 @@ QSvgRenderer& rendererOf(const QString& name) {
     if (!renderer) renderer = std::make_shared<QSvgRenderer>(fileOf(name));
     if (!renderer->isValid()) fatalError("There is no symbol of this name: " + name.toStdString());
     return *renderer;
+}
+
+// A symbol as it was drawn before.
+struct Drawn {
+    QString name;
+    QSize pixels;
+    QRgb tint;
+    qreal scale;
+
+    bool operator==(const Drawn&) const = default;
+};
+
+size_t qHash(const Drawn& drawn, size_t seed) {
+    return qHashMulti(seed, drawn.name, drawn.pixels.width(), drawn.pixels.height(), drawn.tint, drawn.scale);
+}
+
+constexpr int cachedPixels = 1 << 20; // 4 MB of them
+
+QPixmap rasterised(const Drawn& drawn) {
+    QImage image(drawn.pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter shape(&image);
+    rendererOf(drawn.name).render(&shape);
+    shape.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    shape.fillRect(image.rect(), QColor::fromRgba(drawn.tint));
+    shape.end();
+    auto pixmap = QPixmap::fromImage(std::move(image));
+    pixmap.setDevicePixelRatio(drawn.scale);
+    return pixmap;
+}
+
+// A list that scrolls draws the same few over and over.
+QPixmap pixmapOf(const Drawn& drawn) {
+    static NeverDestroyed<QCache<Drawn, QPixmap>> shared(cachedPixels);
+    auto& cache = shared.get();
+    if (const QPixmap* known = cache.object(drawn)) return *known;
+    const QPixmap pixmap = rasterised(drawn);
+    const int cost = drawn.pixels.width() * drawn.pixels.height();
+    cache.insert(drawn, std::make_unique<QPixmap>(pixmap).release(), cost); // the cache takes ownership
+    return pixmap;
+}
+
+// The nearest place where the pixels of a picture are pixels of the device, and so stay sharp.
+QPointF onPixel(QPointF place, const QTransform& transform, qreal scale) {
+    const QPointF offset(transform.dx(), transform.dy());
+    return ((place + offset) * scale).toPoint() / scale - offset;
 }
 
 class SymbolIconEngine : public QIconEngine {
@@ -66,15 +114,13 @@ QIcon symbolIcon(const QString& name, Asset tint) {
 
 void drawSymbol(QPainter& painter, const QRectF& rect, const QString& name, const QColor& tint) {
     const qreal scale = painter.device()->devicePixelRatio();
-    QImage image((rect.size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter shape(&image);
-    rendererOf(name).render(&shape);
-    shape.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    shape.fillRect(image.rect(), tint);
-    shape.end();
+    const QPixmap symbol = pixmapOf({name, (rect.size() * scale).toSize(), tint.rgba(), scale});
+    if (painter.transform().type() <= QTransform::TxTranslate)
+        return painter.drawPixmap(onPixel(rect.topLeft(), painter.transform(), scale), symbol);
+    const bool isSmooth = painter.testRenderHint(QPainter::SmoothPixmapTransform);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(rect, image);
+    painter.drawPixmap(rect, symbol, QRectF(symbol.rect()));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, isSmooth);
 }
 
 } // namespace platform

@@ -38,7 +38,8 @@ void AlertButton::setHasNeighbour(bool hasNeighbour) {
 }
 
 QSize AlertButton::sizeHint() const {
-    return {fontMetrics().horizontalAdvance(text()) + 2 * inset, std::max(48, fontMetrics().height() + 20)};
+    return {fontMetrics().horizontalAdvance(text()) + 1 + 2 * inset,
+            std::max(48, fontMetrics().height() + 20)};
 }
 
 void AlertButton::paintEvent(QPaintEvent* /*event*/) {

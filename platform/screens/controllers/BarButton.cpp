@@ -37,7 +37,8 @@ int BarButton::symbolSize() const {
 QSize BarButton::sizeHint() const {
     int width = 2 * inset;
     if (!m_content.symbol.isEmpty()) width += symbolSize();
-    if (!m_content.text.isEmpty()) width += fontMetrics().horizontalAdvance(m_content.text);
+    if (!m_content.text.isEmpty())
+        width += fontMetrics().horizontalAdvance(m_content.text) + 1; // it rounds down
     if (!m_content.symbol.isEmpty() && !m_content.text.isEmpty()) width += gap;
     return {std::max(leastSize, width), std::max(leastSize, fontMetrics().height() + 16)};
 }

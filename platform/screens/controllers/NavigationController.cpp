@@ -2,6 +2,7 @@
 
 #include "platform/foundation/FatalError.h"
 #include "platform/screens/controllers/NavigationBar.h"
+#include "platform/screens/controllers/PresentationContainer.h"
 #include "platform/screens/controllers/ScreenChange.h"
 
 #include <QtGui/QMouseEvent>
@@ -15,11 +16,13 @@ namespace platform {
 
 namespace {
 
-// The innermost navigation around what lies at a widget.
-const NavigationController* navigationAround(const QWidget* widget) {
-    for (; widget && !widget->isWindow(); widget = widget->parentWidget())
+// The innermost navigation that a widget is part of; what presents it is not.
+const NavigationController* navigationOf(const QWidget* widget) {
+    for (; widget && !qobject_cast<const PresentationContainer*>(widget); widget = widget->parentWidget()) {
         if (auto* navigation = qobject_cast<const NavigationController*>(widget)) return navigation;
-    return qobject_cast<const NavigationController*>(widget);
+        if (widget->isWindow()) break;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -133,11 +136,15 @@ void NavigationController::goBack() {
         m_wayBack->go();
 }
 
+void NavigationController::cancelPresentation() {
+    topViewController()->cancelPresentation();
+}
+
 bool NavigationController::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::MouseButtonPress ||
         static_cast<QMouseEvent*>(event)->button() != Qt::BackButton)
         return ViewController::eventFilter(watched, event);
-    if (navigationAround(qobject_cast<QWidget*>(watched)) != this) return false;
+    if (navigationOf(qobject_cast<QWidget*>(watched)) != this) return false;
     goBack();
     return true;
 }

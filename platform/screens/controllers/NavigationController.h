@@ -47,6 +47,9 @@ public:
     // One screen back; nothing happens where there is none.
     void goBack();
 
+    // The topmost screen's to answer.
+    void cancelPresentation() override;
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -14,7 +14,7 @@ namespace platform {
 void run(ScreenChange change) {
     auto& [view, from, to, way, animated, settle, done] = change;
     const bool slides = animated == Animated::Yes && view.isVisible() && !reducesMotion();
-    const bool hadFocus = from.isAncestorOf(QApplication::focusWidget());
+    const bool hadFocus = view.isAncestorOf(QApplication::focusWidget());
     const QPixmap before = slides ? view.grab() : QPixmap();
     auto going = std::make_shared<AppearanceTracker::Hold>(from, animated);
     auto coming = std::make_shared<AppearanceTracker::Hold>(to, animated);

@@ -7,7 +7,7 @@
 
 namespace platform {
 
-// One screen takes the place of another. The new one is there at once, with the focus if the old one had it;
+// One screen takes the place of another. The new one is there at once, with the focus if the view had it;
 // what moves are pictures, and both are told "did" when those have come to rest. Main thread.
 struct ScreenChange {
     QWidget& view; // of which the pictures are taken

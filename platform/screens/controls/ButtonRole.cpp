@@ -19,7 +19,8 @@ void setButtonRole(QPushButton& button, ButtonRole role) {
 ButtonRole buttonRole(const QPushButton& button) {
     const QVariant role = button.property(roleProperty);
     if (role.isValid()) return static_cast<ButtonRole>(role.toInt());
-    return button.isFlat() ? ButtonRole::Plain : ButtonRole::Bordered;
+    if (button.isFlat()) return ButtonRole::Plain;
+    return button.isDefault() ? ButtonRole::Prominent : ButtonRole::Bordered;
 }
 
 } // namespace platform

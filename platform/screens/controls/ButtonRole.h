@@ -1,11 +1,11 @@
 #pragma once
 
 class QPushButton;
-class QWidget;
 
 namespace platform {
 
-// How a push button looks. Without one a flat button is Plain, another Bordered.
+// How a push button looks. Without one a flat button is Plain, a dialog's default button Prominent, another
+// Bordered.
 enum class ButtonRole {
     Plain,       // text in the accent
     Bordered,    // a card with an edge

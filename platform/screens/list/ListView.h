@@ -6,9 +6,22 @@
 
 #include <QtWidgets/QAbstractItemView>
 
+#include <functional>
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace platform {
+
+enum class SlideWay;
+class DisclosureAnimation;
+class ListKeys;
+class ListMemory;
+class ListPointer;
+class VisibleRows;
+struct RowLook;
+struct RowParts;
+struct VisibleRow;
 
 // The list of every screen: rounded groups of rows, headers between them, rows that open and close over the
 // rows below them, swiping, context menus, dragging, all by finger, mouse and keyboard. Shows any item model,
@@ -24,6 +37,7 @@ class ListView : public QAbstractItemView {
 
 public:
     // What the model says of a row beside Qt::DisplayRole, its title. All but the title may be missing.
+    // StyleRole tells something at the top level alone: below it all are rows.
     enum Role {
         StyleRole = Qt::UserRole + 100, // RowStyle as int; Row if missing
         SymbolRole,                     // its leading image
@@ -36,7 +50,7 @@ public:
         KeyRole,                        // QString, equal over resets of the model for what is the same row
     };
 
-    enum class RowStyle {
+    enum class RowStyle : int {
         Header,        // stands on the background, over a card of its rows
         Row,           // on the card
         SectionHeader, // a small heading over a card; cannot be chosen
@@ -71,12 +85,70 @@ public:
     QModelIndex indexAt(const QPoint& point) const override;
     void setModel(QAbstractItemModel* model) override;
     void reset() override;
+    void keyboardSearch(const QString& text) override;
+    void doItemsLayout() override;
 
 Q_SIGNALS:
     // A press on a row, or Return. Groups open and close instead.
     void rowActivated(const QModelIndex& index);
     void buttonPressed(const QModelIndex& index);
     void deleteRequested(const QModelIndex& index);
+
+protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    int horizontalOffset() const override;
+    int verticalOffset() const override;
+    bool isIndexHidden(const QModelIndex& index) const override;
+    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
+    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    bool viewportEvent(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    friend class AccessibleRow;
+    friend class AccessibleRowButton;
+    friend class ListKeys;
+    friend class ListPointer;
+
+    VisibleRows& rows() const;
+    // In the coordinates of the viewport.
+    QRect rectOf(const VisibleRow& row) const;
+    RowParts partsOf(const VisibleRow& row) const;
+    RowLook lookOf(const VisibleRow& row) const;
+    void paintRow(QPainter& painter, const VisibleRow& row) const;
+
+    void connectModel();
+    void forgetLayout();
+    void restore();
+    void slideStep(const QModelIndex& index, SlideWay way, double part, int pixels);
+    void showOpenness(const QModelIndex& index);
+
+    // What a press on a row does.
+    void activate(const QModelIndex& index);
+    void pressButton(const QModelIndex& index);
+    // Makes it the current row, and leaves the selection alone.
+    void moveTo(const QModelIndex& index);
+    void updateRow(const QModelIndex& index);
+
+    OpenRows m_openRows;
+    std::unique_ptr<VisibleRows> m_rows;
+    bool m_isLaidOut = false;
+    std::unique_ptr<DisclosureAnimation> m_disclosure;
+    std::unique_ptr<ListMemory> m_memory;
+    std::unique_ptr<ListKeys> m_keys;
+    std::unique_ptr<ListPointer> m_pointer;
 };
 
 } // namespace platform

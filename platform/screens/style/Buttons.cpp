@@ -25,12 +25,9 @@ bool has(const QStyleOption& option, QStyle::StateFlag flag) {
     return option.state.testFlag(flag);
 }
 
-// A dialog's default button is what the dialog is there for.
-ButtonRole roleOf(const QStyleOptionButton& option, const QWidget* widget) {
+ButtonRole roleOf(const QWidget* widget) {
     const auto* button = qobject_cast<const QPushButton*>(widget);
-    const ButtonRole role = button ? buttonRole(*button) : ButtonRole::Bordered;
-    const bool isDefault = option.features.testFlag(QStyleOptionButton::DefaultButton);
-    return role == ButtonRole::Bordered && isDefault ? ButtonRole::Prominent : role;
+    return button ? buttonRole(*button) : ButtonRole::Bordered;
 }
 
 struct Colors {
@@ -100,7 +97,7 @@ void drawSegment(const QStyleOptionButton& option, QPainter& painter, const QWid
 }
 
 QColor textColor(const QStyleOptionButton& option, const QWidget* widget) {
-    const ButtonRole role = roleOf(option, widget);
+    const ButtonRole role = roleOf(widget);
     if (role != ButtonRole::Segment || !has(option, QStyle::State_Enabled))
         return colorsOf(role, option).text;
     return color(has(option, QStyle::State_On) ? Asset::OnAccent : Asset::Text);
@@ -131,7 +128,7 @@ void drawSwitch(const QStyleOption& option, QPainter& painter, const QRectF& tra
 void drawPushButton(const QStyleOptionButton& option, QPainter& painter, const QWidget* widget) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const ButtonRole role = roleOf(option, widget);
+    const ButtonRole role = roleOf(widget);
     if (role == ButtonRole::Segment) {
         drawSegment(option, painter, widget);
     } else {
@@ -145,7 +142,7 @@ void drawPushButton(const QStyleOptionButton& option, QPainter& painter, const Q
 void drawPushButtonLabel(const QStyleOptionButton& option, QPainter& painter, const QWidget* widget) {
     painter.save();
     painter.setPen(textColor(option, widget));
-    const bool isEmphasised = roleOf(option, widget) == ButtonRole::Prominent;
+    const bool isEmphasised = roleOf(widget) == ButtonRole::Prominent;
     QFont font = painter.font();
     font.setBold(font.bold() || isEmphasised);
     painter.setFont(font);
@@ -168,8 +165,14 @@ void drawPushButtonLabel(const QStyleOptionButton& option, QPainter& painter, co
     painter.restore();
 }
 
-QSize pushButtonSize(const QStyleOptionButton& option, QSize contents) {
-    return {std::max(leastTargetHeight, contents.width() + 2 * sidePadding), heightOf(option.fontMetrics)};
+// All have room for bold text, so that none grows when it becomes prominent.
+QSize pushButtonSize(const QStyleOptionButton& option, QSize contents, const QWidget* widget) {
+    QFont bold = widget ? widget->font() : QFont();
+    bold.setBold(true);
+    const int surplus =
+        QFontMetrics(bold).horizontalAdvance(option.text) - option.fontMetrics.horizontalAdvance(option.text);
+    return {std::max(leastTargetHeight, contents.width() + surplus + 2 * sidePadding),
+            heightOf(option.fontMetrics)};
 }
 
 void drawCheckBox(const QStyleOptionButton& option, QPainter& painter) {

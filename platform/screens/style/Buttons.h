@@ -12,7 +12,7 @@ namespace platform::style {
 
 void drawPushButton(const QStyleOptionButton& option, QPainter& painter, const QWidget* widget);
 void drawPushButtonLabel(const QStyleOptionButton& option, QPainter& painter, const QWidget* widget);
-QSize pushButtonSize(const QStyleOptionButton& option, QSize contents);
+QSize pushButtonSize(const QStyleOptionButton& option, QSize contents, const QWidget* widget);
 
 // A check box is a switch: its text leads, the switch stands at the end.
 void drawCheckBox(const QStyleOptionButton& option, QPainter& painter);

@@ -2,6 +2,7 @@
 
 #include "platform/screens/appearance/DesktopSettings.h"
 #include "platform/screens/appearance/FocusRing.h"
+#include "platform/screens/appearance/InputKind.h"
 #include "platform/screens/appearance/Motion.h"
 #include "platform/screens/appearance/Symbol.h"
 #include "platform/screens/style/Buttons.h"
@@ -86,14 +87,12 @@ void drawFocusFrame(QPainter& painter, const QFocusFrame& frame) {
 } // namespace
 
 Style::Style()
-    : QProxyStyle(QStringLiteral("fusion")) {}
+    : QProxyStyle(QStringLiteral("fusion"))
+    , m_inputChanges(input().observeChanges([this](InputKind) { moveFocusFrame(); })) {
+    connect(qApp, &QApplication::focusChanged, this, &Style::moveFocusFrame);
+}
 
 Style::~Style() = default;
-
-void Style::polish(QApplication* application) {
-    QProxyStyle::polish(application);
-    application->installEventFilter(this);
-}
 
 void Style::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
@@ -200,7 +199,7 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
                               const QWidget* widget) const {
     switch (type) {
     case CT_PushButton:
-        return style::pushButtonSize(as<QStyleOptionButton>(option), contents);
+        return style::pushButtonSize(as<QStyleOptionButton>(option), contents, widget);
     case CT_CheckBox:
         return style::switchSize(as<QStyleOptionButton>(option));
     case CT_LineEdit:
@@ -257,6 +256,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
     switch (hint) {
     case SH_FocusFrame_AboveWidget:
         return 1;
+    case SH_FocusFrame_Mask: // the ring of a switch lies inside of the frame
     case SH_ScrollBar_ContextMenu:
     case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_EtchDisabledText:
@@ -277,20 +277,6 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
         break;
     }
     return QProxyStyle::styleHint(hint, option, widget, result);
-}
-
-bool Style::eventFilter(QObject* /*watched*/, QEvent* event) {
-    switch (event->type()) {
-    case QEvent::FocusIn:
-    case QEvent::FocusOut:
-    case QEvent::KeyPress:
-    case QEvent::MouseButtonPress:
-        moveFocusFrame();
-        break;
-    default:
-        break;
-    }
-    return false;
 }
 
 void Style::moveFocusFrame() {

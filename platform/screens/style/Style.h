@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/Observable.h"
+
 #include <QtCore/QPointer>
 #include <QtWidgets/QProxyStyle>
 
@@ -17,7 +19,6 @@ public:
     Style();
     ~Style() override;
 
-    void polish(QApplication* application) override;
     void polish(QWidget* widget) override;
     using QProxyStyle::polish;
 
@@ -38,11 +39,10 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override;
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void moveFocusFrame();
+
+    Subscription m_inputChanges;
 
     QPointer<QFocusFrame> m_focusFrame; // a child of whatever holds the widget with the focus
 };

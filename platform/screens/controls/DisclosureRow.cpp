@@ -1,0 +1,57 @@
+#include "platform/screens/controls/DisclosureRow.h"
+
+#include "platform/screens/appearance/Palette.h"
+#include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/style/Fields.h"
+#include "platform/screens/style/Metrics.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QStyleOption>
+
+namespace platform {
+
+namespace {
+
+constexpr int chevronSize = 14;
+constexpr int gap = 8;
+
+} // namespace
+
+DisclosureRow::DisclosureRow(QWidget* parent)
+    : QAbstractButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize DisclosureRow::sizeHint() const {
+    return {fontMetrics().horizontalAdvance(text()) + chevronSize + 4 * gap, heightOf(fontMetrics())};
+}
+
+void DisclosureRow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+void DisclosureRow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    QStyleOption option;
+    option.initFrom(this);
+    style::drawField(option, painter);
+    const QRect inner = style::fieldContents(rect());
+    const QRect line = inner.adjusted(0, 0, -(chevronSize + gap), 0);
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, line.width());
+    painter.setPen(color(Asset::Text));
+    painter.drawText(QStyle::visualRect(layoutDirection(), rect(), line),
+                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter, shown);
+    const QRect end(inner.right() + 1 - chevronSize, inner.center().y() - chevronSize / 2, chevronSize,
+                    chevronSize);
+    const bool isLeftToRight = layoutDirection() == Qt::LeftToRight;
+    drawSymbol(painter, QStyle::visualRect(layoutDirection(), rect(), end),
+               isLeftToRight ? QStringLiteral("chevron.right") : QStringLiteral("chevron.left"),
+               color(Asset::TextSecondary));
+}
+
+} // namespace platform

@@ -1,0 +1,29 @@
+#include "platform/screens/list/RowContent.h"
+
+namespace platform {
+
+RowContent contentOf(const QModelIndex& index) {
+    RowContent content;
+    content.title = index.data().toString();
+    content.symbol = index.data(ListView::SymbolRole).toString();
+    if (const QVariant tint = index.data(ListView::TintRole); tint.isValid())
+        content.tint = static_cast<Asset>(tint.toInt());
+    content.detail = index.data(ListView::DetailRole).toString();
+    content.accessory = static_cast<ListView::Accessory>(index.data(ListView::AccessoryRole).toInt());
+    content.isGroup = isGroup(index);
+    content.buttonSymbol = index.data(ListView::ButtonSymbolRole).toString();
+    if (!content.buttonSymbol.isEmpty()) content.buttonName = index.data(ListView::ButtonNameRole).toString();
+    return content;
+}
+
+bool isGroup(const QModelIndex& index) {
+    const QVariant says = index.data(ListView::GroupRole);
+    return says.isValid() ? says.toBool() : index.isValid() && index.model()->hasChildren(index);
+}
+
+bool isChoosable(const QModelIndex& index) {
+    const auto style = static_cast<ListView::RowStyle>(index.data(ListView::StyleRole).toInt());
+    return style != ListView::RowStyle::SectionHeader && (index.flags() & Qt::ItemIsEnabled);
+}
+
+} // namespace platform
