@@ -9,7 +9,7 @@ class Environment {
 public:
     static Environment& shared();
 
-    // The tint of whatever has no colour of its own. Read at each painting.
+    // The tint of whatever has no colour of its own. Read when a piece is made.
     platform::Asset primaryColor = platform::Asset::HalcyonixBlue;
 };
 

@@ -59,7 +59,7 @@ void KeyboardAccessory::setPlaceholderText(const QString& text) {
 bool KeyboardAccessory::eventFilter(QObject* watched, QEvent* event) {
     static const QEvent::Type types[] = {QEvent::Resize,           QEvent::FocusIn,  QEvent::FocusOut,
                                          QEvent::MouseButtonPress, QEvent::KeyPress, QEvent::Hide};
-    const bool concerns = watched != m_window || event->type() == QEvent::Resize;
+    const bool concerns = watched != m_window || watched == &m_field || event->type() == QEvent::Resize;
     if (concerns && std::ranges::find(types, event->type()) != std::end(types)) update();
     return false;
 }

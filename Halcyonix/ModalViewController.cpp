@@ -54,6 +54,23 @@ ModalViewController::ModalViewController(ModalConfig config)
 }
 
 void ModalViewController::viewDidLoad() {
+    fillContent();
+    const auto text = m_config.buttonConfig.value_or(ModalButtonConfig()).text;
+    m_button->setText(text.value_or(QString()));
+    m_button->setVisible(m_config.buttonConfig.has_value());
+    auto* card = new QVBoxLayout(m_modalContainer);
+    card->setSpacing(padding - spacing / 2);
+    card->addWidget(m_scroll, 1);
+    card->addWidget(m_button);
+    m_closeButton->raise();
+
+    m_backgroundView->setAlpha(SpringAnimator::restState.alpha);
+    connect(m_backgroundView, &QAbstractButton::clicked, this, &ModalViewController::cancelPresentation);
+    connect(m_closeButton, &QAbstractButton::clicked, this, &ModalViewController::cancelPresentation);
+    connect(m_button, &QAbstractButton::clicked, this, &ModalViewController::pressButton);
+}
+
+void ModalViewController::fillContent() {
     m_imageView->setEither(m_config.imageName, m_config.systemImageName, m_config.accentColor);
     m_titleLabel->setAlignment(Qt::AlignHCenter);
     m_bodyLabel->setVisible(m_config.body.has_value());
@@ -73,22 +90,6 @@ void ModalViewController::viewDidLoad() {
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->viewport()->setAutoFillBackground(false); // the card's ground shines through
     content->setAutoFillBackground(false);
-
-    const auto text = m_config.buttonConfig.value_or(ModalButtonConfig()).text;
-    m_button->setText(text.value_or(QString()));
-    m_button->setVisible(m_config.buttonConfig.has_value());
-
-    auto* card = new QVBoxLayout(m_modalContainer);
-    card->setContentsMargins(padding, padding, padding, padding);
-    card->setSpacing(padding - spacing / 2);
-    card->addWidget(m_scroll, 1);
-    card->addWidget(m_button);
-    m_closeButton->raise();
-
-    m_backgroundView->setAlpha(SpringAnimator::restState.alpha);
-    connect(m_backgroundView, &QAbstractButton::clicked, this, &ModalViewController::cancelPresentation);
-    connect(m_closeButton, &QAbstractButton::clicked, this, &ModalViewController::cancelPresentation);
-    connect(m_button, &QAbstractButton::clicked, this, &ModalViewController::pressButton);
 }
 
 void ModalViewController::addItem(const ModalItem& item) {
@@ -97,7 +98,10 @@ void ModalViewController::addItem(const ModalItem& item) {
     auto* image = new PictureView(itemImageSize, m_scroll);
     if (item.imageName) image->setImage(*item.imageName, Asset::IconColor);
     row->addWidget(image, 0, Qt::AlignTop);
-    if (item.body) row->addWidget(platform::makeLabel(*item.body, TextStyle::Body, m_scroll), 1);
+    if (item.body)
+        row->addWidget(platform::makeLabel(*item.body, TextStyle::Body, m_scroll), 1);
+    else
+        row->addStretch(1);
     m_content->addLayout(row);
 }
 

@@ -60,6 +60,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override; // pages through a long text
 
 private:
+    void fillContent();
     void addItem(const ModalItem& item);
     void pressButton();
     int contentHeight(int width) const;

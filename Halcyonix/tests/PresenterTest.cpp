@@ -24,7 +24,7 @@ struct Presented {
         auto owned = std::make_unique<ViewController>();
         card = owned.get();
         card->setPreferredContentSize(preferred);
-        presenter.present(std::move(owned), root, [this] { rests++; });
+        presenter.present(std::move(owned), root, [count = rests] { ++*count; });
     }
 
     SpringAnimator& animator() { return *presenter.transition()->animator(); }
@@ -38,7 +38,7 @@ struct Presented {
     ViewController root;
     Presenter presenter;
     QPointer<ViewController> card;
-    int rests = 0;
+    std::shared_ptr<int> rests = std::make_shared<int>(0); // told in a later turn of the main loop
 };
 
 using Sheet = Presented<SheetPresenter>;
@@ -62,7 +62,7 @@ TEST(SheetPresenter, SpringsFromBelowTheWindowOverItsLowerTwoThirds) {
     sheet.comeToRest();
     EXPECT_EQ(sheet.card->geometry(), QRect(0, 264, 1280, 536));
     EXPECT_DOUBLE_EQ(sheet.alpha(), 0.5);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return sheet.rests == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return *sheet.rests == 1; }));
 }
 
 TEST(SheetPresenter, RoundsTheUpperCornersByFifteenPoints) {
