@@ -63,7 +63,7 @@ ViewController* NavigationController::topViewController() const {
 void NavigationController::put(ViewController& controller) {
     m_stage->layout()->addWidget(&controller);
     connect(&controller.navigationItem(), &NavigationItem::changed, this, [this] { showBar(); });
-    connect(&controller, &QObject::destroyed, this, [this, gone = &controller] {
+    connect(&controller, &ViewController::goingAway, this, [this, gone = &controller] {
         std::erase(m_viewControllers, gone);
         if (!topViewController()) return;
         topViewController()->show();

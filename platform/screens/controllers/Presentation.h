@@ -39,6 +39,9 @@ struct TransitionContext {
 
 // Moves one presented controller in and out. One object a presentation, kept until it is dismissed. Main
 // thread.
+//
+// layOut comes first, then present. dismiss may come while present still moves: it goes on from there, and
+// present need not complete any more.
 class ModalTransition {
 public:
     virtual ~ModalTransition() = default;

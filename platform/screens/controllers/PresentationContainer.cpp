@@ -73,24 +73,27 @@ PresentationContainer::PresentationContainer(ViewController& presenter,
     window()->installEventFilter(this);
     qApp->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { keepFocus(now); });
-    // Widgets tell that they are destroyed when they are no controllers any more, but pointers still hold
-    // them.
-    connect(m_presenter, &QObject::destroyed, this, [this] {
-        m_presenter.clear();
-        dismissFromHere(Animated::No, {});
-    });
-    connect(m_controller, &QObject::destroyed, this, [this] {
-        m_controller.clear();
-        m_transition.reset();
-        dismissFromHere(Animated::No, {});
-    });
+    connect(m_presenter, &ViewController::goingAway, this, &PresentationContainer::presenterGoesAway);
+    connect(m_controller, &ViewController::goingAway, this, &PresentationContainer::controllerGoesAway);
     connect(m_controller, &ViewController::preferredContentSizeChanged, this, &PresentationContainer::layOut);
 }
 
-// What its children tell while they are destroyed after this is for nobody: focus that moves, too.
 PresentationContainer::~PresentationContainer() {
     qApp->disconnect(this);
     if (m_controller) m_controller->disconnect(this);
+}
+
+void PresentationContainer::presenterGoesAway() {
+    const bool isWindow = m_presenter == window();
+    m_presenter = nullptr;
+    if (!isWindow) dismissFromHere(Animated::No, {}); // else this goes with it
+}
+
+void PresentationContainer::controllerGoesAway() {
+    m_transition.reset();
+    m_hold.reset();
+    m_controller = nullptr;
+    dismissFromHere(Animated::No, {});
 }
 
 void PresentationContainer::start(Animated animated, Completion completion) {

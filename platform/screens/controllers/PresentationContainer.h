@@ -48,6 +48,8 @@ private:
     PresentationContainer(ViewController& presenter, std::unique_ptr<ViewController> controller);
 
     void start(Animated animated, Completion completion);
+    void presenterGoesAway();
+    void controllerGoesAway();
     void dismiss(Animated animated, Completion completion);
     TransitionContext context(Animated animated, void (PresentationContainer::*complete)());
     void didPresent();
@@ -58,8 +60,8 @@ private:
     void silenceShortcutsBehind();
     bool isTopmost() const;
 
-    QPointer<ViewController> m_presenter;
-    QPointer<ViewController> m_controller;
+    ViewController* m_presenter;  // null once it is gone
+    ViewController* m_controller; // likewise
     std::shared_ptr<ModalTransition> m_transition;
     std::unique_ptr<AppearanceTracker::Hold> m_hold;
     Phase m_phase = Phase::Presenting;

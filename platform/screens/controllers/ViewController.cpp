@@ -40,7 +40,9 @@ ViewController::ViewController(QWidget* parent)
     connect(&m_navigationItem, &NavigationItem::changed, this, [this] { setAccessibleName(title()); });
 }
 
-ViewController::~ViewController() = default;
+ViewController::~ViewController() {
+    Q_EMIT goingAway();
+}
 
 void ViewController::setTitle(const QString& title) {
     m_navigationItem.setTitle(title);

@@ -79,6 +79,8 @@ public:
 
 Q_SIGNALS:
     void preferredContentSizeChanged();
+    // It is being destroyed; what derives from ViewController is gone already.
+    void goingAway();
 
 protected:
     virtual void viewDidLoad() {}
