@@ -28,9 +28,9 @@ endfunction()
 # Each test is its own process: a crash is one failure, and shared instances start fresh.
 function(quillet_tests suite)
   cmake_parse_arguments(ARG "ON_SCREEN" "" "SOURCES;LINK" ${ARGN})
-  set(labels ${suite})
+  set(label ${suite})
   if(ARG_ON_SCREEN)
-    set(labels "${suite}\\;screens") # the list goes through a script of its own
+    set(label screens/${suite}) # not two labels: the discovery of tests makes a list flat
     set_property(GLOBAL APPEND PROPERTY QUILLET_ON_SCREEN ${suite}_tests)
   endif()
   add_executable(${suite}_tests ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/cmake/TestMain.cpp)
@@ -39,7 +39,7 @@ function(quillet_tests suite)
     quillet_warnings)
   include(GoogleTest)
   gtest_discover_tests(${suite}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${suite}." PROPERTIES
-    LABELS ${labels} TIMEOUT 300)
+    LABELS ${label} TIMEOUT 300)
 endfunction()
 
 # tessarine_tests(suite SOURCES ...): the tests of one folder of the engine, without Qt.

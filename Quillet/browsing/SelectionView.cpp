@@ -57,6 +57,7 @@ void SelectionView::activate(const QModelIndex& index) {
         pushForm();
     else if (const auto item = m_rows->itemAt(index))
         toggle(*item);
+    m_list->clearSelection(); // what a row says here is its check mark
 }
 
 void SelectionView::pushForm() {

@@ -1,8 +1,8 @@
 #include "Quillet/screens/SnippetViewController.h"
 
-#include "Quillet/controls/SnippetNavigationController.h"
 #include "Quillet/browsing/SelectionNavigationController.h"
 #include "Quillet/browsing/TagSelectionView.h"
+#include "Quillet/controls/SnippetNavigationController.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/KeyStore.h"
 #include "Quillet/core/Segment.h"

@@ -1,5 +1,6 @@
 """The browsing tour: tags, folders, the order of the list and deletions, in a wide and a narrow window, light and dark."""
 
+import json
 import os
 import pathlib
 
@@ -9,7 +10,7 @@ from program import PICTURES, Album, DarkDesktop, Program, dismiss_account_warni
 from screen import Missing, click, find, gone, press, shows, type_text, wait
 
 SIZES = {"wide": (1280, 800), "narrow": (390, 844)}
-ROW = "tree item"
+ROW = "table cell"
 
 
 class Browsing:
@@ -18,7 +19,9 @@ class Browsing:
     def __init__(self, look, size):
         self.album = Album(f"browsing-{size}-{look}-")
         self.is_narrow = size == "narrow"
-        self.program = Program(pathlib.Path(os.environ["HOME"]) / f"{size}-{look}")
+        data = pathlib.Path(os.environ["HOME"]) / f"{size}-{look}"
+        self.settings = data / "Quillet" / "Settings.json"
+        self.program = Program(data)
         self.program.resize(*SIZES[size])
         self.album.window = self.program.window
 
@@ -71,9 +74,9 @@ class Browsing:
         click("Languages", ROW)
         click("swift", ROW)
         click("Greeting", ROW, button="3")
-        shows("Add to folder", "menu item")
+        wait("a right click opens no menu", self.program.open_menu)
         self.album.done("Context menu")
-        click("Add to folder", "menu item")
+        self.program.choose(2, of=3)
         click("New Folder", ROW)
         shows("Folder Details")
         type_text("Work")
@@ -95,20 +98,25 @@ class Browsing:
             write_listing(PICTURES / "home-list.txt")
 
     def sort(self):
-        click("Sort")
-        shows("Name ·", "menu item")
+        click("Sort", "push button")
+        wait("the button has no menu", self.program.open_menu)
         self.album.done("Sort menu")
-        click("Last Modified", "menu item")
-        click("Sort")
-        shows("Last Modified ·", "menu item")
-        click("Name", "menu item")
+        self.program.choose(1, of=2)
+        self.sorted_by(0)
+        click("Sort", "push button")
+        self.album.done("Sort menu by date")
+        self.program.choose(0, of=2)
+        self.sorted_by(1)
+
+    def sorted_by(self, index):
+        wait(f"the order is not {index}", lambda: json.loads(self.settings.read_text())["SnippetSort"] == index)
 
     def delete(self, title, action, kind):
         question = (f"Are you sure you want to delete {title}? This will leave your snippets, but delete the "
                     f"containing {kind}.")
         for answer in ("Cancel", action):
             click(title, ROW, button="3")
-            click(action, "menu item")
+            self.program.choose(0, of=1)
             shows(question)
             if answer == "Cancel":
                 self.album.done(f"{action} asks")

@@ -48,6 +48,18 @@ class Program:
         screen.run("xdotool", "windowmove", "--sync", self.window, "0", "0",
                    "windowsize", "--sync", self.window, str(width), str(height))
 
+    def open_menu(self):
+        """The window of the menu that is up: the tree has no place for it, the windowing system has."""
+        windows = screen.run("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)).split()
+        return next((window for window in windows if window != self.window), None)
+
+    def choose(self, entry, of):
+        """Clicks an entry of the menu that is up, by its place among `of` entries of the same height."""
+        left, top, width, height = screen.place_of(wait("no menu is up", self.open_menu))
+        y = top + height * (2 * entry + 1) // (2 * of)
+        screen.run("xdotool", "mousemove", str(left + width // 2), str(y), "click", "1")
+        wait("the menu does not close", lambda: not self.open_menu())
+
     def times_printed(self, line):
         return self.path.read_bytes()[self.start:].decode().count(line + "\n")
 

@@ -82,7 +82,7 @@ def texts_of(node):
 def _is_called(node, name):
     called = node.get_name() or ""
     # Of a row its title is read, and then what stands at its end.
-    return called == name or (called.startswith(f"{name}, ") and node.get_role_name() == "tree item")
+    return called == name or (called.startswith(f"{name}, ") and node.get_role_name() == "table cell")
 
 
 def find(name, role=None):
@@ -132,13 +132,20 @@ def set_clipboard(text):
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
+def place_of(window):
+    """Its left and upper edge, its width and height, without its frame."""
+    lines = run("xwininfo", "-id", window).splitlines()
+    box = dict(line.strip().split(":", 1) for line in lines if line.count(":") == 1)
+    return [int(box[name]) for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+
+
 def picture(path, window=None):
     """Of the whole screen, or of the part where `window` is, with what lies over it."""
     time.sleep(0.4)  # the last painting
     area = ()
     if window:
-        box = dict(line.split("=") for line in run("xdotool", "getwindowgeometry", "--shell", window).split())
-        area = ("-crop", f"{box['WIDTH']}x{box['HEIGHT']}+{box['X']}+{box['Y']}")
+        left, top, width, height = place_of(window)
+        area = ("-crop", f"{width}x{height}{left:+d}{top:+d}")
     run("import", "-window", "root", *area, "+repage", path)
 
 

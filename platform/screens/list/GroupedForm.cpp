@@ -16,8 +16,8 @@ namespace {
 
 constexpr int margin = 16;
 constexpr int spacing = 10;
-constexpr int captionIndent = 4;
-constexpr int focusMargin = 24; // of what is scrolled into view with the widget that has the focus
+constexpr int captionIndent = 14; // as the headings of a list
+constexpr int focusMargin = 24;   // of what is scrolled into view with the widget that has the focus
 
 class Card : public QWidget {
 public:

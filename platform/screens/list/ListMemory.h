@@ -19,8 +19,8 @@ public:
 
     void remember(const Rows& rows);
 
-    // After the reset. Where the row is gone, the one that takes its place: who stood behind it, else before it,
-    // else the row above it.
+    // After the reset. Where the row is gone, the one that takes its place: who stood behind it, else before
+    // it, else the row above it.
     QModelIndex current(const QAbstractItemModel& model) const;
     // After the reset; invalid where it is gone.
     QModelIndex selected(const QAbstractItemModel& model) const;
