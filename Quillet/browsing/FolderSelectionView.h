@@ -11,11 +11,14 @@ class FolderSelectionView : public SelectionView {
     Q_OBJECT
 
 public:
-    explicit FolderSelectionView(std::shared_ptr<Snippet> snippet)
-        : SelectionView(folderKind, std::make_unique<FolderSelectionViewModel>(), std::move(snippet), {}) {}
+    FolderSelectionView(std::shared_ptr<Snippet> snippet, std::span<const TagColor> validColors)
+        : SelectionView(folderKind, std::make_unique<FolderSelectionViewModel>(), std::move(snippet),
+                        validColors) {}
 
 protected:
-    std::unique_ptr<NewItemForm> makeForm() const override { return std::make_unique<NewFolderForm>(); }
+    std::unique_ptr<NewItemForm> makeForm(std::span<const TagColor> validColors) const override {
+        return std::make_unique<NewFolderForm>(validColors);
+    }
 };
 
 } // namespace quillet

@@ -5,16 +5,18 @@
 
 namespace quillet {
 
-// The name of a new folder. Main thread.
+// The name of a new folder. It offers the colours as the form of a tag does; a folder keeps none. Main
+// thread.
 class NewFolderForm : public NewItemForm {
     Q_OBJECT
 
 public:
-    NewFolderForm()
-        : NewItemForm(folderKind) {}
+    // `validColors` outlives this.
+    explicit NewFolderForm(std::span<const TagColor> validColors)
+        : NewItemForm(folderKind, validColors) {}
 
 protected:
-    std::shared_ptr<SelectionViewModel::Item> create(const QString& title) override {
+    std::shared_ptr<SelectionViewModel::Item> create(const QString& title, int /*colorIndex*/) override {
         return Folder::create(title, QDateTime::currentDateTimeUtc());
     }
 };

@@ -1,5 +1,6 @@
 #include "Quillet/browsing/NewItemForm.h"
 
+#include "Quillet/browsing/ColorPicker.h"
 #include "Quillet/controls/QuilletTextField.h"
 #include "platform/screens/controllers/AlertController.h"
 #include "platform/screens/controls/SymbolButton.h"
@@ -9,8 +10,9 @@
 
 namespace quillet {
 
-NewItemForm::NewItemForm(const ItemKind& kind)
-    : m_kind(&kind) {
+NewItemForm::NewItemForm(const ItemKind& kind, std::span<const TagColor> validColors)
+    : m_kind(&kind)
+    , m_validColors(validColors) {
     setTitle(kind.newTitle());
 }
 
@@ -19,7 +21,8 @@ void NewItemForm::viewDidLoad() {
     const QString name = QStringLiteral("Name");
     m_nameField = new QuilletTextField(name, name);
     form->addSection(m_kind->detailsTitle()).addWidget(m_nameField);
-    addSections(*form);
+    m_picker = new ColorPicker(m_validColors);
+    form->addSection(QStringLiteral("Color")).addWidget(m_picker);
     auto saveButton =
         std::make_unique<platform::SymbolButton>(QStringLiteral("plus.app.fill"), QStringLiteral("Save"));
     connect(saveButton.get(), &QAbstractButton::clicked, this, &NewItemForm::save);
@@ -38,7 +41,7 @@ void NewItemForm::save() {
                             QStringLiteral("Dismiss"));
         return;
     }
-    const auto item = create(title);
+    const auto item = create(title, m_picker->colorIndex());
     CoreDataStack::shared().save(m_kind->added);
     if (onSave) onSave(item);
 }

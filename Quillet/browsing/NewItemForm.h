@@ -2,16 +2,15 @@
 
 #include "Quillet/browsing/ItemKind.h"
 #include "Quillet/browsing/SelectionViewModel.h"
+#include "Quillet/browsing/TagColors.h"
 #include "platform/screens/controllers/ViewController.h"
 
 #include <functional>
-
-namespace platform {
-class GroupedForm;
-}
+#include <span>
 
 namespace quillet {
 
+class ColorPicker;
 class QuilletTextField;
 
 // A form for a new tag or folder. Only a truly empty name is refused, with the same words for both. Main
@@ -24,22 +23,22 @@ public:
     std::function<void(const std::shared_ptr<SelectionViewModel::Item>&)> onSave;
 
 protected:
-    // `kind` outlives this.
-    explicit NewItemForm(const ItemKind& kind);
+    // `kind` and `validColors` outlive this.
+    NewItemForm(const ItemKind& kind, std::span<const TagColor> validColors);
 
     void viewDidLoad() override;
 
-    // Sections between the name and the button.
-    virtual void addSections(platform::GroupedForm& /*form*/) {}
-
     // In the view context; the form saves.
-    virtual std::shared_ptr<SelectionViewModel::Item> create(const QString& title) = 0;
+    virtual std::shared_ptr<SelectionViewModel::Item> create(const QString& title, int colorIndex) = 0;
 
 private:
     void save();
 
     const ItemKind* m_kind;
-    QuilletTextField* m_nameField = nullptr; // once the view is loaded
+    std::span<const TagColor> m_validColors;
+    // Once the view is loaded.
+    QuilletTextField* m_nameField = nullptr;
+    ColorPicker* m_picker = nullptr;
 };
 
 } // namespace quillet

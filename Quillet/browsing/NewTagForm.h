@@ -1,13 +1,9 @@
 #pragma once
 
 #include "Quillet/browsing/NewItemForm.h"
-#include "Quillet/browsing/TagColors.h"
-
-#include <span>
+#include "Quillet/core/Tag.h"
 
 namespace quillet {
-
-class ColorPicker;
 
 // The name and the colour of a new tag. Main thread.
 class NewTagForm : public NewItemForm {
@@ -15,15 +11,13 @@ class NewTagForm : public NewItemForm {
 
 public:
     // `validColors` outlives this.
-    explicit NewTagForm(std::span<const TagColor> validColors);
+    explicit NewTagForm(std::span<const TagColor> validColors)
+        : NewItemForm(tagKind, validColors) {}
 
 protected:
-    void addSections(platform::GroupedForm& form) override;
-    std::shared_ptr<SelectionViewModel::Item> create(const QString& title) override;
-
-private:
-    std::span<const TagColor> m_validColors;
-    ColorPicker* m_picker = nullptr; // once the view is loaded
+    std::shared_ptr<SelectionViewModel::Item> create(const QString& title, int colorIndex) override {
+        return Tag::create(title, static_cast<qint16>(colorIndex), QDateTime::currentDateTimeUtc());
+    }
 };
 
 } // namespace quillet

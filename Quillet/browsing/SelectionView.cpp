@@ -18,6 +18,7 @@ SelectionView::SelectionView(const ItemKind& kind, std::unique_ptr<SelectionView
     : m_kind(&kind)
     , m_viewModel(std::move(viewModel))
     , m_snippet(std::move(snippet))
+    , m_validColors(validColors)
     , m_list(new platform::ListView(this))
     , m_rows(new SelectionRows(kind, *m_viewModel, m_snippet, validColors, m_list)) {
     setTitle(kind.plural);
@@ -61,7 +62,7 @@ void SelectionView::activate(const QModelIndex& index) {
 }
 
 void SelectionView::pushForm() {
-    auto form = makeForm();
+    auto form = makeForm(m_validColors);
     form->onSave = [this](const auto& item) {
         navigationController()->popViewController();
         if (!m_snippet) return;

@@ -22,7 +22,7 @@ protected:
 
     void viewDidLoad() override;
 
-    virtual std::unique_ptr<NewItemForm> makeForm() const = 0;
+    virtual std::unique_ptr<NewItemForm> makeForm(std::span<const TagColor> validColors) const = 0;
 
 private:
     void activate(const QModelIndex& index);
@@ -33,6 +33,7 @@ private:
     const ItemKind* m_kind;
     std::unique_ptr<SelectionViewModel> m_viewModel;
     std::shared_ptr<Snippet> m_snippet;
+    std::span<const TagColor> m_validColors;
     platform::ListView* m_list;
     SelectionRows* m_rows;
 };

@@ -12,16 +12,13 @@ class TagSelectionView : public SelectionView {
 
 public:
     TagSelectionView(std::shared_ptr<Snippet> snippet, std::span<const TagColor> validColors)
-        : SelectionView(tagKind, std::make_unique<TagSelectionViewModel>(), std::move(snippet), validColors)
-        , m_validColors(validColors) {}
-
-protected:
-    std::unique_ptr<NewItemForm> makeForm() const override {
-        return std::make_unique<NewTagForm>(m_validColors);
+        : SelectionView(tagKind, std::make_unique<TagSelectionViewModel>(), std::move(snippet), validColors) {
     }
 
-private:
-    std::span<const TagColor> m_validColors;
+protected:
+    std::unique_ptr<NewItemForm> makeForm(std::span<const TagColor> validColors) const override {
+        return std::make_unique<NewTagForm>(validColors);
+    }
 };
 
 } // namespace quillet

@@ -78,7 +78,7 @@ void SnippetRootViewController::didDelete(const std::shared_ptr<Snippet>& snippe
 }
 
 void SnippetRootViewController::addToFolder(const std::shared_ptr<Snippet>& snippet) {
-    SelectionNavigationController::present(*this, std::make_unique<FolderSelectionView>(snippet));
+    SelectionNavigationController::present(*this, std::make_unique<FolderSelectionView>(snippet, tagColors));
 }
 
 void SnippetRootViewController::didCreate(const std::shared_ptr<Snippet>& snippet) {

@@ -25,7 +25,7 @@ protected:
     }
 
     void openFolders(const std::shared_ptr<Snippet>& of) {
-        present(std::make_unique<FolderSelectionView>(of));
+        present(std::make_unique<FolderSelectionView>(of, tagColors));
     }
 
     void present(std::unique_ptr<SelectionView> view) {

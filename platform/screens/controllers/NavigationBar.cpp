@@ -55,7 +55,7 @@ void bringUpToDate(BarButton& button, QShortcut& shortcut, const BarButtonItem& 
 
 void press(BarButton& button, const BarButtonItem& item) {
     if (!item.menu()) return item.trigger();
-    popUpMenu(*item.menu(), &button, button.mapToGlobal(QPoint(0, button.height())));
+    popUpMenuBelow(*item.menu(), button);
 }
 
 } // namespace

@@ -55,6 +55,13 @@ void addEntries(QMenu& target, const Menu& menu) {
     }
 }
 
+// It deletes itself when it closes, with its parent at the latest.
+QMenu& selfDeletingMenu(const Menu& menu, QWidget* over) {
+    auto& made = *makeMenu(menu, over).release();
+    made.setAttribute(Qt::WA_DeleteOnClose);
+    return made;
+}
+
 } // namespace
 
 std::unique_ptr<QMenu> makeMenu(const Menu& menu, QWidget* parent) {
@@ -65,9 +72,20 @@ std::unique_ptr<QMenu> makeMenu(const Menu& menu, QWidget* parent) {
 }
 
 void popUpMenu(const Menu& menu, QWidget* over, QPoint screenPoint) {
-    auto* shown = makeMenu(menu, over).release(); // it deletes itself, with its parent at the latest
-    shown->setAttribute(Qt::WA_DeleteOnClose);
-    shown->popup(screenPoint);
+    selfDeletingMenu(menu, over).popup(screenPoint);
+}
+
+void popUpMenuBelow(const Menu& menu, QWidget& button) {
+    auto& shown = selfDeletingMenu(menu, &button);
+    const QSize size = shown.sizeHint();
+    const QRect anchor(button.mapToGlobal(QPoint()), button.size());
+    const QRect window(button.window()->mapToGlobal(QPoint()), button.window()->size());
+    const int toTheRight = anchor.left(); // where it begins if it grows to that side
+    const int toTheLeft = anchor.right() + 1 - size.width();
+    int x = button.isRightToLeft() ? toTheLeft : toTheRight;
+    if (toTheRight + size.width() > window.right()) x = toTheLeft;
+    if (toTheLeft < window.left()) x = toTheRight;
+    shown.popup(QPoint(x, anchor.bottom() + 1));
 }
 
 } // namespace platform

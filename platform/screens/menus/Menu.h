@@ -41,4 +41,7 @@ std::unique_ptr<QMenu> makeMenu(const Menu& menu, QWidget* parent);
 // Opens the menu at a point of the screen and returns at once.
 void popUpMenu(const Menu& menu, QWidget* over, QPoint screenPoint);
 
+// The same below `button`, flush with whichever of its sides keeps the menu in the window.
+void popUpMenuBelow(const Menu& menu, QWidget& button);
+
 } // namespace platform
