@@ -62,11 +62,12 @@ std::unique_ptr<SnippetList> HomeListViewController::makeSnippetList() {
         if (delegate) delegate->addToFolder(snippet);
     };
     list->onAddFolder = [this] {
-        SelectionNavigationController::present(*this,
-                                               std::make_unique<FolderSelectionView>(nullptr, tagColors));
+        SelectionNavigationController::presentSheet(
+            *this, std::make_unique<FolderSelectionView>(nullptr, tagColors));
     };
     list->onEditTags = [this] {
-        SelectionNavigationController::present(*this, std::make_unique<TagSelectionView>(nullptr, tagColors));
+        SelectionNavigationController::presentSheet(*this,
+                                                    std::make_unique<TagSelectionView>(nullptr, tagColors));
     };
     return list;
 }

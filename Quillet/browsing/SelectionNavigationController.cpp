@@ -6,9 +6,9 @@ SelectionNavigationController::SelectionNavigationController(std::unique_ptr<Sel
     : SnippetNavigationController(std::move(view))
     , m_view(static_cast<SelectionView*>(viewControllers().front())) {}
 
-void SelectionNavigationController::present(platform::ViewController& presenter,
-                                            std::unique_ptr<SelectionView> view,
-                                            const std::function<void()>& beforeClosing) {
+void SelectionNavigationController::presentSheet(platform::ViewController& presenter,
+                                                 std::unique_ptr<SelectionView> view,
+                                                 const std::function<void()>& beforeClosing) {
     view->onDismiss = [&presenter, beforeClosing] {
         if (beforeClosing) beforeClosing();
         presenter.dismiss();
@@ -17,7 +17,10 @@ void SelectionNavigationController::present(platform::ViewController& presenter,
 }
 
 void SelectionNavigationController::cancelPresentation() {
-    m_view->onDismiss();
+    if (topViewController() == m_view)
+        m_view->onDismiss();
+    else
+        popViewController(); // one step back: the form is left, not the sheet
 }
 
 } // namespace quillet

@@ -6,22 +6,18 @@
 
 namespace quillet {
 
-namespace {
-
 using platform::ListView;
 
-} // namespace
-
-SelectionRows::SelectionRows(const ItemKind& kind, SelectionViewModel& viewModel,
+SelectionRows::SelectionRows(const ItemKind& kind, std::shared_ptr<SelectionViewModel> viewModel,
                              std::shared_ptr<Snippet> snippet, std::span<const TagColor> validColors,
                              QObject* parent)
     : QAbstractListModel(parent)
     , m_kind(&kind)
-    , m_viewModel(&viewModel)
+    , m_viewModel(std::move(viewModel))
     , m_snippet(std::move(snippet))
     , m_validColors(validColors)
-    , m_items(viewModel.items().value()) {
-    m_subscriptions.push_back(viewModel.items().observeChanges([this](const auto& items) {
+    , m_items(m_viewModel->items().value()) {
+    m_subscriptions.push_back(m_viewModel->items().observeChanges([this](const auto& items) {
         beginResetModel();
         m_items = items;
         endResetModel();

@@ -17,9 +17,10 @@ class SelectionRows : public QAbstractListModel {
     Q_OBJECT
 
 public:
-    // Without a snippet nothing is checked. `kind`, `viewModel` and `validColors` outlive this.
-    SelectionRows(const ItemKind& kind, SelectionViewModel& viewModel, std::shared_ptr<Snippet> snippet,
-                  std::span<const TagColor> validColors, QObject* parent = nullptr);
+    // Without a snippet nothing is checked. `kind` and `validColors` outlive this.
+    SelectionRows(const ItemKind& kind, std::shared_ptr<SelectionViewModel> viewModel,
+                  std::shared_ptr<Snippet> snippet, std::span<const TagColor> validColors,
+                  QObject* parent = nullptr);
 
     // Null for the rows above the existing ones.
     std::shared_ptr<SelectionViewModel::Item> itemAt(const QModelIndex& index) const;
@@ -44,7 +45,7 @@ private:
     void takeChanges(const platform::ContextChanges& changes);
 
     const ItemKind* m_kind;
-    SelectionViewModel* m_viewModel;
+    std::shared_ptr<SelectionViewModel> m_viewModel;
     std::shared_ptr<Snippet> m_snippet;
     std::span<const TagColor> m_validColors;
     SelectionViewModel::Items m_items; // those of the view model as of the last reset

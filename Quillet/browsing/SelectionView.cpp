@@ -13,14 +13,14 @@ const QString deleteSymbol = QStringLiteral("trash");
 
 } // namespace
 
-SelectionView::SelectionView(const ItemKind& kind, std::unique_ptr<SelectionViewModel> viewModel,
+SelectionView::SelectionView(const ItemKind& kind, std::shared_ptr<SelectionViewModel> viewModel,
                              std::shared_ptr<Snippet> snippet, std::span<const TagColor> validColors)
     : m_kind(&kind)
     , m_viewModel(std::move(viewModel))
     , m_snippet(std::move(snippet))
     , m_validColors(validColors)
     , m_list(new platform::ListView(this))
-    , m_rows(new SelectionRows(kind, *m_viewModel, m_snippet, validColors, m_list)) {
+    , m_rows(new SelectionRows(kind, m_viewModel, m_snippet, validColors, m_list)) {
     setTitle(kind.plural);
     navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
         platform::BarButtonItem::Look{QStringLiteral("xmark.circle.fill"), QStringLiteral("Close")}, [this] {

@@ -17,7 +17,7 @@ public:
 
 protected:
     // `snippet` may be null. `kind` and `validColors` outlive this.
-    SelectionView(const ItemKind& kind, std::unique_ptr<SelectionViewModel> viewModel,
+    SelectionView(const ItemKind& kind, std::shared_ptr<SelectionViewModel> viewModel,
                   std::shared_ptr<Snippet> snippet, std::span<const TagColor> validColors);
 
     void viewDidLoad() override;
@@ -31,7 +31,7 @@ private:
     void remove(const std::shared_ptr<SelectionViewModel::Item>& item);
 
     const ItemKind* m_kind;
-    std::unique_ptr<SelectionViewModel> m_viewModel;
+    std::shared_ptr<SelectionViewModel> m_viewModel;
     std::shared_ptr<Snippet> m_snippet;
     std::span<const TagColor> m_validColors;
     platform::ListView* m_list;

@@ -12,11 +12,7 @@
 
 namespace quillet {
 
-namespace {
-
 using platform::MenuAction;
-
-} // namespace
 
 SnippetList::SnippetList(SnippetListModel& viewModel, platform::ViewController& presenter, QWidget* parent)
     : ListView(parent)
@@ -40,6 +36,8 @@ SnippetList::SnippetList(SnippetListModel& viewModel, platform::ViewController& 
         if (const auto deletion = deletionOf(index)) deletion->handler();
     });
     setModel(&m_tree);
+    // Behind the view's own, which keeps the selection where the row is still there.
+    connect(&m_tree, &QAbstractItemModel::modelReset, this, &SnippetList::followSelection);
 }
 
 bool* SnippetList::shownOf(const QModelIndex& index) {
@@ -49,8 +47,9 @@ bool* SnippetList::shownOf(const QModelIndex& index) {
 }
 
 bool SnippetList::contains(const QModelIndex& index) {
-    const bool* shown = shownOf(index);
-    return shown ? *shown : m_expanded.contains(m_tree.itemAt(index)->type());
+    if (const bool* shown = shownOf(index)) return *shown;
+    const auto item = m_tree.itemAt(index);
+    return item && m_expanded.contains(item->type());
 }
 
 void SnippetList::setExpanded(const QModelIndex& index, bool isExpanded) {
@@ -65,6 +64,30 @@ void SnippetList::choose(const QModelIndex& index) {
     if (!snippet) return;
     m_selectedSnippet = snippet;
     if (onSelectSnippet) onSelectSnippet(snippet);
+}
+
+void SnippetList::followSelection() {
+    if (!m_selectedSnippet || selectionModel()->hasSelection()) return;
+    if (!m_selectedSnippet->context()) {
+        m_selectedSnippet = nullptr;
+        return;
+    }
+    if (const QModelIndex row = openRowOf(*m_selectedSnippet); row.isValid())
+        selectionModel()->select(row, QItemSelectionModel::ClearAndSelect);
+}
+
+QModelIndex SnippetList::openRowOf(const Snippet& snippet) const {
+    for (int group = 0; group < m_tree.rowCount(); ++group) {
+        const QModelIndex above = m_tree.index(group, 0);
+        for (int row = 0; isOpen(above) && row < m_tree.rowCount(above); ++row) {
+            const QModelIndex member = m_tree.index(row, 0, above);
+            for (int leaf = 0; isOpen(member) && leaf < m_tree.rowCount(member); ++leaf)
+                if (const auto index = m_tree.index(leaf, 0, member);
+                    m_tree.snippetAt(index).get() == &snippet)
+                    return index;
+        }
+    }
+    return {};
 }
 
 void SnippetList::pressHeaderButton(const QModelIndex& index) {

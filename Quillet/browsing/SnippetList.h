@@ -40,6 +40,10 @@ private:
     void setExpanded(const QModelIndex& index, bool isExpanded);
 
     void choose(const QModelIndex& index);
+    // A snippet that is listed elsewhere now stays the selected one.
+    void followSelection();
+    // Its row among those that are open; invalid without one.
+    QModelIndex openRowOf(const Snippet& snippet) const;
     void pressHeaderButton(const QModelIndex& index);
 
     std::optional<platform::Menu> menuOf(const QModelIndex& index);

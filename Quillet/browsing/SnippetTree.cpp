@@ -55,6 +55,18 @@ const GroupLook& lookOf(int group) {
     return looks[static_cast<std::size_t>(group)];
 }
 
+// Of a member. A tag's colour is looked up when its row is drawn: one that has none stops the program there.
+Asset tintOf(const ListItem& item) {
+    if (const auto* tag = std::get_if<std::shared_ptr<Tag>>(&item.type()))
+        return tagColor((*tag)->colorIndex());
+    return std::holds_alternative<LanguageHeader>(item.type()) ? Asset::TextSecondary : Asset::Accent;
+}
+
+// Of what lies below the member.
+Asset leafTintOf(const ListItem& item) {
+    return std::holds_alternative<std::shared_ptr<Tag>>(item.type()) ? tintOf(item) : Asset::TextSecondary;
+}
+
 qsizetype leafCount(const ListItem& item) {
     return item.leaves() ? static_cast<qsizetype>(item.leaves()->size()) : 0;
 }
@@ -94,13 +106,11 @@ SnippetTree::Member SnippetTree::memberOf(const std::shared_ptr<ListItem>& item)
     } else if (const auto* tag = std::get_if<std::shared_ptr<Tag>>(&item->type())) {
         member.title = (*tag)->title();
         member.symbol = QStringLiteral("tag.fill");
-        member.tint = member.leafTint = tagColor((*tag)->colorIndex());
         member.key = (*tag)->id().toString();
     } else if (const auto* language = std::get_if<LanguageHeader>(&item->type())) {
         member.title = language->language;
         // Its group's symbol, so that the titles of all members stand in line.
         member.symbol = QStringLiteral("doc.fill");
-        member.tint = Asset::TextSecondary;
         member.key = QStringLiteral("language ") + language->language;
     }
     return member;
@@ -118,10 +128,7 @@ const SnippetTree::Member& SnippetTree::memberAt(const QModelIndex& index) const
 }
 
 std::shared_ptr<ListItem> SnippetTree::itemAt(const QModelIndex& index) const {
-    if (!index.isValid() || levelOf(index) == Level::Group) return nullptr;
-    const auto& item = memberAt(index).item;
-    return levelOf(index) == Level::Member ? item
-                                           : (*item->children())[static_cast<std::size_t>(index.row())];
+    return index.isValid() && levelOf(index) == Level::Member ? memberAt(index).item : nullptr;
 }
 
 std::shared_ptr<Snippet> SnippetTree::snippetAt(const QModelIndex& index) const {
@@ -218,7 +225,7 @@ QVariant SnippetTree::memberData(const Member& member, int role) {
     case ListView::SymbolRole:
         return member.symbol;
     case ListView::TintRole:
-        return static_cast<int>(member.tint);
+        return static_cast<int>(tintOf(*member.item));
     case ListView::DetailRole:
         return QLocale().toString(leafCount(*member.item));
     case ListView::GroupRole:
@@ -235,7 +242,7 @@ QVariant SnippetTree::leafData(const QModelIndex& index, int role) const {
     case ListView::SymbolRole:
         return QStringLiteral("doc.text.fill");
     case ListView::TintRole:
-        return static_cast<int>(memberAt(index).leafTint);
+        return static_cast<int>(leafTintOf(*memberAt(index).item));
     case ListView::GroupRole:
         return false;
     default:

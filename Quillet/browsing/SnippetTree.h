@@ -26,7 +26,7 @@ public:
 
     Level levelOf(const QModelIndex& index) const;
 
-    // What a member or a leaf stands for; null for a top group.
+    // What a member stands for; null for a top group and for a leaf.
     std::shared_ptr<ListItem> itemAt(const QModelIndex& index) const;
 
     // Null for what is no leaf.
@@ -53,8 +53,6 @@ private:
     struct Member {
         QString title;
         QString symbol;
-        platform::Asset tint = platform::Asset::Accent;
-        platform::Asset leafTint = platform::Asset::TextSecondary;
         QString key;
         std::shared_ptr<ListItem> item;
     };

@@ -16,7 +16,7 @@ HealthBanner::HealthBanner(QWidget* parent)
     setMargin(10);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
     takeColors();
-    m_subscription = CoreDataStack::shared().health().observe([this](const auto& health) { show(health); });
+    m_subscription = CoreDataStack::shared().health().observe([this](const auto& health) { tell(health); });
 }
 
 void HealthBanner::paintEvent(QPaintEvent* event) {
@@ -36,7 +36,7 @@ void HealthBanner::takeColors() {
     setPalette(colors);
 }
 
-void HealthBanner::show(const CoreDataStack::Health& health) {
+void HealthBanner::tell(const CoreDataStack::Health& health) {
     QString text;
     if (health.loadError)
         text = QStringLiteral(

@@ -20,7 +20,7 @@ protected:
 
 private:
     void takeColors();
-    void show(const CoreDataStack::Health& health);
+    void tell(const CoreDataStack::Health& health);
 
     platform::Subscription m_subscription;
 };

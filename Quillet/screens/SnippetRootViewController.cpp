@@ -50,6 +50,8 @@ void SnippetRootViewController::adopt(platform::ViewController& controller) {
     } else if (auto* editor = qobject_cast<SnippetViewController*>(&controller)) {
         m_snippetViewController = editor;
         editor->delegate = this;
+        connect(&editor->navigationItem(), &platform::NavigationItem::changed, this,
+                [this] { nameWindow(); });
     }
 }
 
@@ -68,17 +70,16 @@ void SnippetRootViewController::didSelect(const std::shared_ptr<Snippet>& snippe
     showColumn(Column::Secondary);
     m_snippetViewController->saveContents(Silent::Yes);
     m_snippetViewController->setSnippet(snippet);
-    setWindowTitle(snippet->title() + QStringLiteral(" - Quillet"));
 }
 
 void SnippetRootViewController::didDelete(const std::shared_ptr<Snippet>& snippet) {
     if (!m_snippetViewController || m_snippetViewController->snippet() != snippet) return;
     m_snippetViewController->setSnippet(nullptr);
-    setWindowTitle(QStringLiteral("Quillet"));
 }
 
 void SnippetRootViewController::addToFolder(const std::shared_ptr<Snippet>& snippet) {
-    SelectionNavigationController::present(*this, std::make_unique<FolderSelectionView>(snippet, tagColors));
+    SelectionNavigationController::presentSheet(*this,
+                                                std::make_unique<FolderSelectionView>(snippet, tagColors));
 }
 
 void SnippetRootViewController::didCreate(const std::shared_ptr<Snippet>& snippet) {
@@ -88,12 +89,18 @@ void SnippetRootViewController::didCreate(const std::shared_ptr<Snippet>& snippe
     if (presentedViewController()) dismiss();
 }
 
-void SnippetRootViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {
-    setWindowTitle(snippet->title() + QStringLiteral(" - Quillet"));
+void SnippetRootViewController::didEdit(const std::shared_ptr<Snippet>& /*snippet*/) {}
+
+void SnippetRootViewController::nameWindow() {
+    const QString name = m_snippetViewController->title();
+    setWindowTitle(name.isEmpty() ? QStringLiteral("Quillet") : name + QStringLiteral(" - Quillet"));
 }
 
 void SnippetRootViewController::save() {
     if (m_snippetViewController) m_snippetViewController->saveContents(Silent::No);
+    // With nothing open the editor has saved nothing, and a folder may have been given.
+    auto& stack = CoreDataStack::shared();
+    if (stack.viewContext().hasChanges()) stack.saveContext();
 }
 
 void SnippetRootViewController::presentNewModally() {

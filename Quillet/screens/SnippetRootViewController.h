@@ -29,7 +29,7 @@ public:
     void didCreate(const std::shared_ptr<Snippet>& snippet) override;
     void didEdit(const std::shared_ptr<Snippet>& snippet) override;
 
-    // The editor's save, in place.
+    // The editor's save, in place, and with it all that is pending.
     void save();
     void presentNewModally();
 
@@ -42,6 +42,7 @@ protected:
 
 private:
     void adopt(platform::ViewController& controller);
+    void nameWindow();
     void askBeforeLoss(const QString& reason);
 
     HomeListViewController* m_homeListViewController = nullptr; // found in the tree

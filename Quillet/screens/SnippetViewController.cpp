@@ -230,8 +230,9 @@ void SnippetViewController::presentDetails() {
 
 void SnippetViewController::presentTags() {
     if (!m_snippet) return;
-    SelectionNavigationController::present(*this, std::make_unique<TagSelectionView>(m_snippet, tagColors),
-                                           [] { CoreDataStack::shared().save(SaveReason::AddedTag); });
+    SelectionNavigationController::presentSheet(*this,
+                                                std::make_unique<TagSelectionView>(m_snippet, tagColors),
+                                                [] { CoreDataStack::shared().save(SaveReason::AddedTag); });
 }
 
 void SnippetViewController::presentLanguages() {

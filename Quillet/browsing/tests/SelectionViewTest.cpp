@@ -29,7 +29,7 @@ protected:
     }
 
     void present(std::unique_ptr<SelectionView> view) {
-        SelectionNavigationController::present(window, std::move(view), [this] { ++closings; });
+        SelectionNavigationController::presentSheet(window, std::move(view), [this] { ++closings; });
         ASSERT_TRUE(QTest::qWaitFor([this] { return sheet() != nullptr; }));
     }
 
@@ -209,7 +209,11 @@ TEST_F(SelectionViewTest, BothFormsRefuseAnEmptyNameInTheSameWords) {
     };
     openTags(nullptr);
     refuses(QStringLiteral("New Tag"));
+    sheet()->cancelPresentation(); // from the form to the list, then out of it
+    EXPECT_EQ(top(), QStringLiteral("Tags"));
+    EXPECT_EQ(closings, 0);
     sheet()->cancelPresentation();
+    EXPECT_EQ(closings, 1);
     openFolders(nullptr);
     refuses(QStringLiteral("New Folder"));
     EXPECT_EQ(count<Tag>() + count<Folder>(), 0U);

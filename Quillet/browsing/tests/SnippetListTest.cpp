@@ -4,7 +4,6 @@
 #include "Quillet/core/tests/TemporaryLibrary.h"
 #include "platform/screens/controllers/ViewController.h"
 
-#include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtWidgets/QScrollBar>
@@ -300,14 +299,19 @@ TEST_F(SnippetListTest, ASnippetGoesFromAllItsGroupsAtOnce) {
     EXPECT_EQ(current(), QStringLiteral("t"));
 }
 
-TEST_F(SnippetListTest, ALeafIsDraggedAsItsCode) {
-    add(QStringLiteral("one"));
+TEST_F(SnippetListTest, TheSelectedSnippetStaysSelectedUnderItsNewLanguage) {
+    const auto snippet = add(QStringLiteral("one"));
+    add(QStringLiteral("two"));
     open();
-    const QModelIndex leaf = row(QStringLiteral("one"));
-    EXPECT_TRUE(leaf.flags() & Qt::ItemIsDragEnabled);
-    EXPECT_FALSE(row(QStringLiteral("swift")).flags() & Qt::ItemIsDragEnabled);
-    const std::unique_ptr<QMimeData> dragged(list->model()->mimeData({leaf}));
-    EXPECT_EQ(dragged->text(), QStringLiteral("code of one"));
+    openLanguage();
+    click(QStringLiteral("one"));
+    snippet->setLanguage(QStringLiteral("c"));
+    save();
+    EXPECT_FALSE(list->selectionModel()->hasSelection()); // its language is closed
+    list->setOpen(row(QStringLiteral("c")), true);
+    add(QStringLiteral("three"));
+    save();
+    EXPECT_EQ(list->selectionModel()->selectedIndexes(), QModelIndexList{row(QStringLiteral("one"))});
 }
 
 } // namespace

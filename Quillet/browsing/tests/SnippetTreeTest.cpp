@@ -94,4 +94,15 @@ TEST_F(SnippetTreeTest, ALeafIsDraggedAsItsCode) {
     EXPECT_EQ(tree.mimeData({at(tree, {SnippetTree::TagGroup})}), nullptr);
 }
 
+// What synchronised it may have come from a newer program. The sheet of tags, where it can be deleted, has to
+// be within reach.
+TEST_F(SnippetTreeTest, ATagWithoutAColourStopsTheProgramWhenItsRowIsDrawn) {
+    tag->setValue(Tag::ColorIndex, 10);
+    SnippetListModel model;
+    const SnippetTree tree(model);
+    const QModelIndex row = at(tree, {SnippetTree::TagGroup, 0});
+    EXPECT_EQ(row.data().toString(), tag->title());
+    EXPECT_DEATH(row.data(ListView::TintRole), "colorIndex");
+}
+
 } // namespace

@@ -4,6 +4,8 @@
 #include "platform/screens/appearance/Symbol.h"
 #include "platform/screens/menus/RoleMenu.h"
 
+#include <QtCore/QPointer>
+
 namespace platform {
 
 namespace {
@@ -12,7 +14,7 @@ QString plainText(QString title) {
     return title.replace(u'&', QStringLiteral("&&")); // no letter of a title is a mnemonic
 }
 
-void addAction(QMenu& menu, const MenuAction& entry) {
+void addAction(QMenu& menu, const MenuAction& entry, QWidget* over) {
     auto* action = menu.addAction(plainText(entry.title));
     const bool isDestructive = entry.role == MenuAction::Role::Destructive;
     if (isDestructive) RoleMenu::setDestructive(*action);
@@ -23,35 +25,45 @@ void addAction(QMenu& menu, const MenuAction& entry) {
         action->setShortcutContext(Qt::WidgetShortcut); // what it does elsewhere is not this menu's
         action->setShortcutVisibleInContextMenu(true);
     }
-    QObject::connect(action, &QAction::triggered, action, [handler = entry.handler] {
-        if (handler) dispatchToMain(handler);
+    QObject::connect(action, &QAction::triggered, action, [handler = entry.handler, over = QPointer(over)] {
+        dispatchToMain([handler, over] {
+            if (handler && over) handler();
+        });
     });
 }
 
-void addEntries(QMenu& target, const Menu& menu);
+void addEntries(QMenu& target, const Menu& menu, QWidget* over);
 
-void addInline(QMenu& target, const Menu& menu, const QString& titleAround) {
+void addInline(QMenu& target, const Menu& menu, const QString& titleAround, QWidget* over) {
     const bool isTitled = !menu.title.isEmpty() && menu.title != titleAround;
     if (isTitled)
         target.addSection(plainText(menu.title));
     else
         target.addSeparator();
-    addEntries(target, menu);
+    addEntries(target, menu, over);
     target.addSeparator();
 }
 
+// Makes a menu whose entries work for as long as `over` is there.
+std::unique_ptr<QMenu> makeMenuOver(const Menu& menu, QWidget* parent, QWidget* over) {
+    auto made = std::make_unique<RoleMenu>(plainText(menu.title), parent);
+    made->setAccessibleName(menu.title);
+    addEntries(*made, menu, over);
+    return made;
+}
+
 // Lines at the ends and double ones are not drawn: QMenu collapses separators.
-void addEntries(QMenu& target, const Menu& menu) {
+void addEntries(QMenu& target, const Menu& menu, QWidget* over) {
     for (const auto& entry : menu.entries) {
         if (const auto* action = std::get_if<MenuAction>(&entry)) {
-            addAction(target, *action);
+            addAction(target, *action, over);
             continue;
         }
         const auto& inner = std::get<Menu>(entry);
         if (inner.display == Menu::Display::Inline)
-            addInline(target, inner, menu.title);
+            addInline(target, inner, menu.title, over);
         else
-            target.addMenu(makeMenu(inner, &target).release()); // the menu around it owns it
+            target.addMenu(makeMenuOver(inner, &target, over).release()); // the menu around it owns it
     }
 }
 
@@ -65,10 +77,7 @@ QMenu& selfDeletingMenu(const Menu& menu, QWidget* over) {
 } // namespace
 
 std::unique_ptr<QMenu> makeMenu(const Menu& menu, QWidget* parent) {
-    auto made = std::make_unique<RoleMenu>(plainText(menu.title), parent);
-    made->setAccessibleName(menu.title);
-    addEntries(*made, menu);
-    return made;
+    return makeMenuOver(menu, parent, parent);
 }
 
 void popUpMenu(const Menu& menu, QWidget* over, QPoint screenPoint) {

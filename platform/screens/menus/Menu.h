@@ -35,7 +35,8 @@ struct Menu {
 };
 
 // The menu to be shown, a child of `parent`. An inline menu's title heads it where it differs from the title
-// of the menu around it. Handlers run in a later turn of the main loop, when the menu is gone.
+// of the menu around it. Handlers run in a later turn of the main loop, when the menu is
+// gone, and not at all when `parent` is gone too.
 std::unique_ptr<QMenu> makeMenu(const Menu& menu, QWidget* parent);
 
 // Opens the menu at a point of the screen and returns at once.
