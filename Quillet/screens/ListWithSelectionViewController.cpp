@@ -1,14 +1,12 @@
 #include "Quillet/screens/ListWithSelectionViewController.h"
 
-#include "Quillet/screens/OptionDelegate.h"
-#include "platform/screens/appearance/Palette.h"
 #include "platform/screens/appearance/Symbol.h"
 #include "platform/screens/controllers/NavigationController.h"
+#include "platform/screens/list/ListView.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QListView>
 #include <QtWidgets/QVBoxLayout>
 
 namespace quillet {
@@ -25,9 +23,9 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
                                                                  const std::optional<QString>& selectedOption,
                                                                  QWidget* parent)
     : ViewController(parent)
-    , m_options(options)
+    , m_options(options, selectedOption)
     , m_searchBar(new QLineEdit(this))
-    , m_list(new QListView(this)) {
+    , m_list(new platform::ListView(this)) {
     setTitle(title);
     setPreferredContentSize(preferredSize);
     m_searchBar->setPlaceholderText(QStringLiteral("Search"));
@@ -41,16 +39,8 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
 
     m_filtered.setSourceModel(&m_options);
     m_list->setModel(&m_filtered);
-    m_list->setItemDelegate(new OptionDelegate(selectedOption.value_or(QString()), m_list));
-    m_list->setFrameShape(QFrame::NoFrame);
-    m_list->setMouseTracking(true);
-    m_list->setUniformItemSizes(true);
-    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->setAccessibleName(title);
-    m_list->setStyleSheet(QStringLiteral("QListView { background: %1; border-radius: 10px; padding: 4px 0; }")
-                              .arg(platform::color(platform::Asset::Card).name()));
-    connect(m_list, &QListView::clicked, this, &ListWithSelectionViewController::choose);
+    connect(m_list, &platform::ListView::rowActivated, this, &ListWithSelectionViewController::choose);
     if (selectedOption) {
         const auto at = m_filtered.index(static_cast<int>(options.indexOf(*selectedOption)), 0);
         m_list->setCurrentIndex(at);
@@ -58,9 +48,12 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
     }
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 10, 16, 16);
-    column->setSpacing(10);
-    column->addWidget(m_searchBar);
+    column->setContentsMargins(0, 10, 0, 0);
+    column->setSpacing(0);
+    auto* searchRow = new QVBoxLayout;
+    searchRow->setContentsMargins(16, 0, 16, 0); // flush with the list's card
+    searchRow->addWidget(m_searchBar);
+    column->addLayout(searchRow);
     column->addWidget(m_list);
 
     m_debounce.setSingleShot(true);

@@ -1,16 +1,19 @@
 #pragma once
 
+#include "Quillet/screens/OptionRows.h"
 #include "platform/screens/controllers/ViewController.h"
 
 #include <QtCore/QSortFilterProxyModel>
-#include <QtCore/QStringListModel>
 #include <QtCore/QTimer>
 
 #include <functional>
 #include <optional>
 
 class QLineEdit;
-class QListView;
+
+namespace platform {
+class ListView;
+}
 
 namespace quillet {
 
@@ -36,10 +39,10 @@ private:
     void applyFilter();
     void choose(const QModelIndex& index);
 
-    QStringListModel m_options;
+    OptionRows m_options;
     QSortFilterProxyModel m_filtered;
     QLineEdit* m_searchBar;
-    QListView* m_list;
+    platform::ListView* m_list;
     QTimer m_debounce;
 };
 

@@ -16,10 +16,10 @@
 #include <QtGui/QTextBlock>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QListView>
 
 using namespace quillet;
 using platform::TextView;
@@ -360,7 +360,7 @@ TEST_F(LibraryScreens, TheLanguageListMatchesStartsAndLeavesOneNameOut) {
     list.onSelect = [&](const QString& option) { chosen = option; };
     auto* search = list.findChild<QLineEdit*>();
     QTest::keyClicks(search, QStringLiteral("C+"));
-    const auto* model = list.findChild<QListView*>()->model();
+    const auto* model = list.findChild<QAbstractItemView*>()->model();
     ASSERT_TRUE(QTest::qWaitFor([&] { return model->rowCount() == 1; }));
     QTest::keyClick(search, Qt::Key_Return);
     EXPECT_EQ(chosen, QStringLiteral("c++"));

@@ -1,0 +1,20 @@
+#include "Quillet/screens/OptionRows.h"
+
+#include "platform/screens/list/ListView.h"
+
+namespace quillet {
+
+using platform::ListView;
+
+OptionRows::OptionRows(const QStringList& options, std::optional<QString> selectedOption)
+    : QStringListModel(options)
+    , m_selectedOption(std::move(selectedOption)) {}
+
+QVariant OptionRows::data(const QModelIndex& index, int role) const {
+    if (role == ListView::KeyRole) return QStringListModel::data(index, Qt::DisplayRole);
+    if (role != ListView::AccessoryRole) return QStringListModel::data(index, role);
+    const bool isSelected = index.data().toString() == m_selectedOption;
+    return static_cast<int>(isSelected ? ListView::Accessory::Checkmark : ListView::Accessory::None);
+}
+
+} // namespace quillet

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QtCore/QStringListModel>
+
+#include <optional>
+
+namespace quillet {
+
+// Options for a platform::ListView, the selected one with a check mark. Main thread.
+class OptionRows : public QStringListModel {
+    Q_OBJECT
+
+public:
+    OptionRows(const QStringList& options, std::optional<QString> selectedOption);
+
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::optional<QString> m_selectedOption;
+};
+
+} // namespace quillet
