@@ -68,6 +68,7 @@ void ModalViewController::viewDidLoad() {
     connect(m_backgroundView, &QAbstractButton::clicked, this, &ModalViewController::cancelPresentation);
     connect(m_closeButton, &QAbstractButton::clicked, this, &ModalViewController::cancelPresentation);
     connect(m_button, &QAbstractButton::clicked, this, &ModalViewController::pressButton);
+    setFocusProxy(m_config.buttonConfig ? static_cast<QWidget*>(m_button) : m_closeButton);
 }
 
 void ModalViewController::fillContent() {
@@ -87,6 +88,7 @@ void ModalViewController::fillContent() {
     m_scroll->setWidget(content);
     m_scroll->setWidgetResizable(true);
     m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->viewport()->setAutoFillBackground(false); // the card's ground shines through
     content->setAutoFillBackground(false);

@@ -87,9 +87,9 @@ QVariant SelectionRows::itemData(SelectionViewModel::Item& item, int role) const
     case ListView::TintRole:
         return tintOf(item);
     case ListView::AccessoryRole:
-        return static_cast<int>(m_snippet && m_viewModel->isAssigned(*m_snippet, item)
-                                    ? ListView::Accessory::Checkmark
-                                    : ListView::Accessory::None);
+        if (!m_snippet) return {};
+        return static_cast<int>(m_viewModel->isAssigned(*m_snippet, item) ? ListView::Accessory::Checkmark
+                                                                          : ListView::Accessory::Unchecked);
     default:
         return {};
     }

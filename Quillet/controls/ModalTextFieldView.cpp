@@ -53,7 +53,8 @@ QString ModalTextFieldView::text() const {
 void ModalTextFieldView::confirm() {
     if (text().isEmpty()) return raiseAlert();
     const QPointer self(this);
-    if (m_onEnter) m_onEnter(text());
+    const auto onEnter = m_onEnter; // outlives this, which it may delete
+    if (onEnter) onEnter(text());
     if (self) controllerAround(*this).dismiss();
 }
 

@@ -110,6 +110,7 @@ bool ListWithSelectionViewController::eventFilter(QObject* watched, QEvent* even
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        if (key.isAutoRepeat()) return true; // held since the screen before
         m_debounce.stop();
         applyFilter();
         choose(m_list->currentIndex());

@@ -96,6 +96,19 @@ TEST_F(ModalTextFieldHostTest, TakesBlanksForAText) {
     EXPECT_EQ(entered, QStringList{QStringLiteral("  ")});
 }
 
+// While the modal slides away it is still there.
+TEST_F(ModalTextFieldHostTest, AQuickSecondPressDoesNotEnterTheTextAgain) {
+    present();
+    QApplication::setEffectEnabled(Qt::UI_General, true);
+    QTest::keyClicks(field, QStringLiteral("Setup"));
+    const QPointer<QAbstractButton> done = buttonIn(host, QStringLiteral("Done"));
+    QTest::mouseClick(done, Qt::LeftButton);
+    ASSERT_TRUE(done && done->isVisible());
+    QTest::mouseClick(done, Qt::LeftButton);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(entered.size(), 1);
+}
+
 TEST_F(ModalTextFieldHostTest, RaisesAnAlertForAnEmptyText) {
     present();
     QTest::keyClick(field, Qt::Key_Return);

@@ -3,6 +3,7 @@
 #include "platform/screens/appearance/FocusRing.h"
 #include "platform/screens/appearance/Palette.h"
 #include "platform/screens/appearance/TypeScale.h"
+#include "platform/screens/controls/ReturnKey.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
@@ -63,7 +64,7 @@ void AlertButton::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void AlertButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isReturn(*event))
         click();
     else
         QAbstractButton::keyPressEvent(event);

@@ -2,6 +2,10 @@
 
 #include "platform/screens/controllers/ViewController.h"
 
+#include <QtCore/QPointer>
+
+#include <vector>
+
 namespace platform {
 
 void AppearanceTracker::shown(ViewController& controller) {
@@ -23,8 +27,12 @@ void AppearanceTracker::hidden(ViewController& controller) {
 
 void AppearanceTracker::leave(ViewController& controller) {
     willDisappear(controller);
-    for (auto* inside : controller.findChildren<ViewController*>())
-        willDisappear(*inside);
+    // What is told may delete another.
+    std::vector<QPointer<ViewController>> inside;
+    for (auto* controllerInside : controller.findChildren<ViewController*>())
+        inside.emplace_back(controllerInside);
+    for (const auto& each : inside)
+        if (each) willDisappear(*each);
 }
 
 void AppearanceTracker::willDisappear(ViewController& controller) {

@@ -2,6 +2,7 @@
 
 #include "platform/screens/appearance/FocusRing.h"
 #include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/controls/ReturnKey.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
@@ -73,7 +74,7 @@ void BarButton::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void BarButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isReturn(*event))
         click();
     else
         QAbstractButton::keyPressEvent(event);

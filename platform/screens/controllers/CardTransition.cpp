@@ -40,8 +40,11 @@ void CardTransition::dismiss(const TransitionContext& context) {
 
 // From wherever it is, also in the midst of another movement.
 void CardTransition::move(const TransitionContext& context, qreal to) {
-    for (auto* other : m_backdrop->findChildren<QVariantAnimation*>())
-        delete other;
+    for (auto* other : m_backdrop->findChildren<QVariantAnimation*>()) {
+        other->disconnect(); // it may be the one whose step has led here
+        other->stop();
+        other->deleteLater();
+    }
     if (context.animated == Animated::No) {
         m_progress = to;
         apply();

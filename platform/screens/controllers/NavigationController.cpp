@@ -137,7 +137,10 @@ void NavigationController::goBack() {
 }
 
 void NavigationController::cancelPresentation() {
-    topViewController()->cancelPresentation();
+    if (m_viewControllers.size() > 1)
+        popViewController();
+    else
+        topViewController()->cancelPresentation();
 }
 
 bool NavigationController::eventFilter(QObject* watched, QEvent* event) {

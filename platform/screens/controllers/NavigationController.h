@@ -47,7 +47,7 @@ public:
     // One screen back; nothing happens where there is none.
     void goBack();
 
-    // The topmost screen's to answer.
+    // One step back; at the root, the root's to answer.
     void cancelPresentation() override;
 
 protected:

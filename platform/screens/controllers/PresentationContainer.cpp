@@ -26,6 +26,23 @@ std::shared_ptr<ModalTransition> transitionOf(const ViewController& controller) 
     return controller.modalTransition;
 }
 
+bool isInput(QEvent::Type type) {
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+        return true;
+    default:
+        return false;
+    }
+}
+
 void runLater(const PresentationContainer::Completion& completion) {
     if (completion) dispatchToMain(completion);
 }
@@ -215,6 +232,9 @@ bool PresentationContainer::event(QEvent* event) {
 
 bool PresentationContainer::eventFilter(QObject* watched, QEvent* event) {
     if (watched == window() && event->type() == QEvent::Resize) setGeometry(window()->rect());
+    if (m_phase >= Phase::Dismissing && isInput(event->type()) && watched->isWidgetType() &&
+        isAncestorOf(static_cast<QWidget*>(watched)))
+        return true; // what is on its way out has been answered
     // Marked letters of labels and buttons behind, and shortcuts that came later.
     if (event->type() == QEvent::Shortcut && isTopmost()) {
         auto* widget = qobject_cast<QWidget*>(watched->isWidgetType() ? watched : watched->parent());
@@ -224,7 +244,9 @@ bool PresentationContainer::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PresentationContainer::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && isTopmost() && m_controller) m_controller->cancelPresentation();
+    // A key that is held does not go on to what lies below.
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat() && isTopmost() && m_controller)
+        m_controller->cancelPresentation();
 }
 
 void PresentationContainer::mousePressEvent(QMouseEvent* event) {

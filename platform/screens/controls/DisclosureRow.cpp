@@ -2,6 +2,7 @@
 
 #include "platform/screens/appearance/Palette.h"
 #include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/controls/ReturnKey.h"
 #include "platform/screens/style/Fields.h"
 #include "platform/screens/style/Metrics.h"
 
@@ -29,7 +30,7 @@ QSize DisclosureRow::sizeHint() const {
 }
 
 void DisclosureRow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isReturn(*event))
         click();
     else
         QAbstractButton::keyPressEvent(event);

@@ -2,6 +2,7 @@
 
 #include "platform/screens/appearance/FocusRing.h"
 #include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/controls/ReturnKey.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
@@ -32,7 +33,7 @@ QSize SymbolButton::sizeHint() const {
 }
 
 void SymbolButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isReturn(*event))
         click();
     else
         QAbstractButton::keyPressEvent(event);

@@ -1,6 +1,7 @@
 #include "platform/screens/list/AccessibleList.h"
 
 #include "platform/screens/list/AccessibleRow.h"
+#include "platform/screens/list/ListKeys.h"
 
 namespace platform {
 
@@ -59,6 +60,25 @@ void AccessibleList::tell(QAccessible::Event event, const QModelIndex& index) {
     }
 }
 
+void AccessibleList::tellFocus() {
+    auto* focused = focusChild();
+    if (!focused) return;
+    QAccessibleEvent told(focused, QAccessible::Focus);
+    QAccessible::updateAccessibility(&told);
+}
+
+void AccessibleList::tellRowsBelow(const QModelIndex& parent) {
+    forgetGone();
+    auto* below = parent.isValid() ? rowOf(parent) : this;
+    QAccessibleEvent told(below, QAccessible::ObjectReorder);
+    QAccessible::updateAccessibility(&told);
+}
+
+void AccessibleList::tellChecks() {
+    for (const auto id : std::as_const(m_rows))
+        static_cast<AccessibleRow*>(QAccessible::accessibleInterface(id))->tellIfChecked();
+}
+
 void AccessibleList::tellOpenness(const QModelIndex& index) {
     QAccessible::State changed;
     changed.expanded = changed.collapsed = true;
@@ -89,7 +109,8 @@ QAccessibleInterface* AccessibleList::childAt(int x, int y) const {
 
 QAccessibleInterface* AccessibleList::focusChild() const {
     if (!m_list.hasFocus()) return nullptr;
-    return const_cast<AccessibleList*>(this)->rowOf(m_list.currentIndex());
+    auto* row = const_cast<AccessibleList*>(this)->rowOf(m_list.currentIndex());
+    return row && m_list.m_keys->isOnButton() ? row->child(0) : row;
 }
 
 } // namespace platform

@@ -29,6 +29,11 @@ public:
 
     void tell(QAccessible::Event event, const QModelIndex& index);
     void tellOpenness(const QModelIndex& index);
+    void tellFocus();
+    // Some have come or gone.
+    void tellRowsBelow(const QModelIndex& parent);
+    // Of the rows known here, those checked or unchecked since they were last told.
+    void tellChecks();
 
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;

@@ -8,7 +8,8 @@ namespace platform {
 
 AccessibleRow::AccessibleRow(AccessibleList& list, const QModelIndex& index)
     : m_list(list)
-    , m_index(index) {}
+    , m_index(index)
+    , m_isChecked(isChecked()) {}
 
 AccessibleRow::~AccessibleRow() {
     if (m_button != 0) QAccessible::deleteAccessibleInterface(m_button);
@@ -23,15 +24,29 @@ QAccessible::State AccessibleRow::state() const {
     QAccessible::State state;
     state.selectable = state.focusable = isChoosable(m_index);
     state.selected = list().selectionModel()->isSelected(m_index);
-    state.focused = list().hasFocus() && list().currentIndex() == m_index;
+    state.focused = m_list.focusChild() == this;
     state.expandable = content.isGroup;
     state.expanded = content.isGroup && list().isOpen(m_index);
     state.collapsed = content.isGroup && !state.expanded;
-    state.checkable = state.checked = content.accessory == ListView::Accessory::Checkmark;
+    state.checked = content.accessory == ListView::Accessory::Checkmark;
+    state.checkable = state.checked || content.accessory == ListView::Accessory::Unchecked;
     state.disabled = !(m_index.flags() & Qt::ItemIsEnabled);
     state.invisible = !list().isVisible();
     state.offscreen = !list().viewport()->rect().intersects(list().visualRect(m_index));
     return state;
+}
+
+bool AccessibleRow::isChecked() const {
+    return contentOf(m_index).accessory == ListView::Accessory::Checkmark;
+}
+
+void AccessibleRow::tellIfChecked() {
+    if (isChecked() == m_isChecked) return;
+    m_isChecked = !m_isChecked;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent told(this, changed);
+    QAccessible::updateAccessibility(&told);
 }
 
 QString AccessibleRow::text(QAccessible::Text kind) const {

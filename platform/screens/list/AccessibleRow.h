@@ -13,7 +13,12 @@ public:
 
     const QPersistentModelIndex& index() const { return m_index; }
 
+    const AccessibleList& tree() const { return m_list; }
+
     ListView& list() const { return m_list.list(); }
+
+    // To assistive tools, where it has changed.
+    void tellIfChecked();
 
     bool isValid() const override { return m_index.isValid(); }
 
@@ -40,12 +45,14 @@ public:
     QStringList keyBindingsForAction(const QString& name) const override;
 
 private:
+    bool isChecked() const;
     bool hasButton() const;
     QAccessibleInterface* button() const;
     int rowsBelow() const;
 
     AccessibleList& m_list;
     QPersistentModelIndex m_index;
+    bool m_isChecked = false;             // as last told
     mutable QAccessible::Id m_button = 0; // made when asked for
 };
 

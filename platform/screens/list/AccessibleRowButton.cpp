@@ -1,6 +1,5 @@
 #include "platform/screens/list/AccessibleRowButton.h"
 
-#include "platform/screens/list/ListKeys.h"
 #include "platform/screens/list/RowParts.h"
 
 namespace platform {
@@ -9,7 +8,7 @@ QAccessible::State AccessibleRowButton::state() const {
     const QAccessible::State ofRow = m_row.state();
     QAccessible::State state;
     state.focusable = true;
-    state.focused = ofRow.focused && m_row.list().m_keys->isOnButton();
+    state.focused = m_row.tree().focusChild() == this;
     state.disabled = ofRow.disabled;
     state.invisible = ofRow.invisible;
     state.offscreen = ofRow.offscreen;

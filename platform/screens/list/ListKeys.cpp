@@ -1,13 +1,13 @@
 #include "platform/screens/list/ListKeys.h"
 
-#include "platform/screens/list/RowContent.h"
-#include "platform/screens/list/VisibleRows.h"
+#include "platform/screens/list/RowParts.h"
 
 #include <QtGui/QKeyEvent>
 
 namespace platform {
 
 bool ListKeys::press(const QKeyEvent& event) {
+    const bool isHeld = event.isAutoRepeat(); // acts once
     const bool isRightToLeft = m_list.isRightToLeft();
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
     switch (event.key()) {
@@ -29,22 +29,24 @@ bool ListKeys::press(const QKeyEvent& event) {
         return isRightToLeft ? goInward() : goOutward();
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return activate();
+        return isHeld || activate();
     case Qt::Key_Space:
-        return m_typeAhead.isUnderWay() ? type(event) : activate();
+        return m_typeAhead.isUnderWay() ? type(event) : isHeld || activate();
     case Qt::Key_Delete:
-        return askToDelete();
+        return isHeld || askToDelete();
     default:
         return type(event);
     }
 }
 
 bool ListKeys::go(const QModelIndex& index) {
-    m_isOnButton = false;
-    if (index.isValid() && index != m_list.currentIndex())
+    const bool wasOnButton = std::exchange(m_isOnButton, false);
+    if (index.isValid() && index != m_list.currentIndex()) {
         m_list.moveTo(index);
-    else
-        m_list.updateRow(m_list.currentIndex()); // its button may have had the focus
+    } else if (wasOnButton) {
+        m_list.updateRow(m_list.currentIndex());
+        m_list.tellFocus();
+    }
     return true;
 }
 
@@ -74,7 +76,7 @@ bool ListKeys::goInward() {
 
 bool ListKeys::goOutward() {
     const QModelIndex current = m_list.currentIndex();
-    if (!m_list.isOpen(current)) return go(current.parent());
+    if (!m_list.isOpen(current)) return isChoosable(current.parent()) ? go(current.parent()) : true;
     m_list.setOpen(current, false);
     return true;
 }
@@ -136,13 +138,14 @@ QModelIndex ListKeys::choosableFrom(int ordinal, Direction direction) const {
 
 QModelIndex ListKeys::onePageFrom(const QModelIndex& index, Direction direction) const {
     const auto& rows = m_list.rows();
+    const bool isDown = direction == Direction::Down;
     const int page = m_list.viewport()->height();
-    const int top = rows.rowOf(index)->top + (direction == Direction::Down ? page : -page);
-    const QModelIndex there = rows.indexAt(top);
-    if (!there.isValid())
-        return target(direction == Direction::Down ? QAbstractItemView::MoveEnd
-                                                   : QAbstractItemView::MoveHome);
-    return choosableFrom(rows.ordinalOf(there), direction);
+    const int y = rows.rowOf(index)->top + (isDown ? page : -page);
+    // Gaps and margins are lower than a row: one that is near is on their other side.
+    const int reach = listMetrics().row;
+    const auto near = isDown ? rows.rowsBetween(y, y + reach) : rows.rowsBetween(y - reach, y + 1);
+    if (near.empty()) return target(isDown ? QAbstractItemView::MoveEnd : QAbstractItemView::MoveHome);
+    return choosableFrom(rows.ordinalOf(isDown ? near.front().index : near.back().index), direction);
 }
 
 bool ListKeys::tab(bool next) {
@@ -153,6 +156,7 @@ bool ListKeys::tab(bool next) {
     }
     m_isOnButton = next;
     m_list.updateRow(m_list.currentIndex());
+    m_list.tellFocus();
     return true;
 }
 

@@ -2,8 +2,11 @@
 
 #include "platform/screens/list/RowContent.h"
 
+#include <QtCore/QHash>
+
 #include <algorithm>
 #include <limits>
+#include <map>
 
 namespace platform {
 
@@ -81,15 +84,35 @@ QModelIndex ListMemory::current(const QAbstractItemModel& model) const {
     return {};
 }
 
+bool ListMemory::wasCurrent(const QModelIndex& index) const {
+    return placeOf(index).keys == m_current.keys;
+}
+
 QModelIndex ListMemory::selected(const QAbstractItemModel& model) const {
     return find(model, m_selected, everywhere);
 }
 
 int ListMemory::viewTop(const QAbstractItemModel& model, const VisibleRows& rows) const {
-    for (const int reach : {nearby, everywhere})
-        for (const auto& seen : m_seen)
-            if (const auto row = rows.rowOf(find(model, seen.place, reach))) return row->top - seen.top;
-    return m_viewTop;
+    for (const auto& seen : m_seen)
+        if (const auto row = rows.rowOf(find(model, seen.place, nearby))) return row->top - seen.top;
+    return viewTopAmongAll(rows);
+}
+
+// One pass, however many rows were in view.
+int ListMemory::viewTopAmongAll(const VisibleRows& rows) const {
+    QMultiHash<QString, const SeenPlace*> wanted; // by the row's own key
+    for (const auto& seen : m_seen)
+        if (!seen.place.keys.isEmpty()) wanted.insert(seen.place.keys.last(), &seen);
+    std::map<const SeenPlace*, QModelIndex> found;
+    for (int ordinal = 0; !wanted.isEmpty() && ordinal < rows.count(); ++ordinal) {
+        const QModelIndex index = rows.at(ordinal);
+        const auto [begin, end] = wanted.equal_range(index.data(ListView::KeyRole).toString());
+        for (auto seen = begin; seen != end; ++seen)
+            if (placeOf(index).keys == (*seen)->place.keys) found.emplace(*seen, index);
+    }
+    if (found.empty()) return m_viewTop;
+    const auto& [topmost, index] = *found.begin();
+    return rows.rowOf(index)->top - topmost->top;
 }
 
 } // namespace platform

@@ -22,6 +22,8 @@ public:
     // After the reset. Where the row is gone, the one that takes its place: who stood behind it, else before
     // it, else the row above it.
     QModelIndex current(const QAbstractItemModel& model) const;
+    // After the reset: whether it is the same row, and not its heir.
+    bool wasCurrent(const QModelIndex& index) const;
     // After the reset; invalid where it is gone.
     QModelIndex selected(const QAbstractItemModel& model) const;
     // Where the view must begin for the topmost row that is still visible to stand where it stood.
@@ -40,6 +42,7 @@ private:
 
     static Place placeOf(const QModelIndex& index);
     static std::vector<Place> heirsOf(const QModelIndex& index);
+    int viewTopAmongAll(const VisibleRows& rows) const;
     static QModelIndex find(const QAbstractItemModel& model, const Place& place, int reach);
 
     Place m_current;

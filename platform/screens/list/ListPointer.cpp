@@ -6,7 +6,6 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QScroller>
 #include <QtWidgets/QToolTip>
 
 namespace platform {
@@ -25,14 +24,10 @@ bool isHorizontal(const QPoint& movement) {
 ListPointer::ListPointer(ListView& list)
     : m_list(list)
     , m_swipe([this] { m_list.viewport()->update(); })
-    , m_wheelEnd(Timer::Kind::OneShot, wheelPause, [this] {
-        m_wheeled = 0;
-        m_swipe.release();
-    }) {
-    // A finger that scrolls presses nothing.
-    QObject::connect(QScroller::scroller(list.viewport()), &QScroller::stateChanged, &list, [this] {
-        if (QScroller::scroller(m_list.viewport())->state() == QScroller::Dragging) cancel();
-    });
+    , m_stopEnd(Timer::Kind::OneShot, std::chrono::milliseconds(0), [this] { m_isTouchAStop = false; })
+    , m_wheelEnd(Timer::Kind::OneShot, wheelPause, [this] { endWheel(); }) {
+    QObject::connect(QScroller::scroller(list.viewport()), &QScroller::stateChanged, &list,
+                     [this](QScroller::State state) { scrollerBecame(state); });
 }
 
 ListPointer::Target ListPointer::targetAt(const QPoint& at) const {
@@ -77,6 +72,13 @@ void ListPointer::modelWasReset() {
     findHover();
 }
 
+// It may know of a touch, in the same turn of the main loop, before the rows do.
+void ListPointer::scrollerBecame(QScroller::State state) {
+    m_isTouchAStop = std::exchange(m_scroller, state) == QScroller::Scrolling;
+    if (m_isTouchAStop) m_stopEnd.start();
+    if (state == QScroller::Dragging) cancel(); // a finger that scrolls presses nothing
+}
+
 void ListPointer::begin(const QPoint& at) {
     m_pressedAt = at;
     if (!m_swipe.isUncovered()) {
@@ -106,6 +108,7 @@ void ListPointer::move(const QMouseEvent& event) {
     m_isOver = true;
     m_pointer = event.position().toPoint();
     findHover();
+    if (!(event.buttons() & Qt::LeftButton)) change(m_pressed, {}); // it was let go elsewhere
     if (!m_pressed.index.isValid() || m_pressed.isButton) return;
     if ((m_pointer - m_pressedAt).manhattanLength() >= QApplication::startDragDistance()) drag();
 }
@@ -130,6 +133,9 @@ void ListPointer::drag() {
 
 bool ListPointer::handle(QEvent& event) {
     switch (event.type()) {
+    case QEvent::Hide:
+        cancel();
+        [[fallthrough]];
     case QEvent::Leave:
         m_isOver = false;
         findHover();
@@ -159,9 +165,10 @@ void ListPointer::touch(QTouchEvent& event) {
     }
     const QPoint at = event.points().constFirst().position().toPoint();
     if (event.type() == QEvent::TouchBegin) {
-        m_finger = Finger::Pressing;
+        const bool isStop = m_scroller == QScroller::Scrolling || m_isTouchAStop;
+        m_finger = isStop ? Finger::Stopping : Finger::Pressing;
         m_fingerAt = at;
-        if (!isOnUncovered(at)) begin(at);
+        if (!isStop && !isOnUncovered(at)) begin(at);
         return;
     }
     fingerMoved(at);
@@ -210,11 +217,21 @@ void ListPointer::swipeBy(int pixelsToTheRight) {
 bool ListPointer::wheel(const QWheelEvent& event) {
     const QPoint pixels = event.pixelDelta();
     const bool goesOn = m_wheelEnd.isActive();
+    if (goesOn && (event.phase() == Qt::ScrollEnd || isHorizontal(pixels.transposed()))) {
+        endWheel();
+        return event.phase() == Qt::ScrollEnd;
+    }
     if (!goesOn && (!isHorizontal(pixels) || !beginSwipe(event.position().toPoint()))) return false;
     m_wheeled += pixels.x();
     swipeBy(m_wheeled);
     m_wheelEnd.start();
     return true;
+}
+
+void ListPointer::endWheel() {
+    m_wheelEnd.stop();
+    m_wheeled = 0;
+    m_swipe.release();
 }
 
 bool ListPointer::showToolTip(const QPoint& at, const QPoint& onScreen) const {
@@ -228,6 +245,8 @@ bool ListPointer::showToolTip(const QPoint& at, const QPoint& onScreen) const {
     const QFontMetrics metrics(titleFont(row->style, false));
     if (text.isEmpty() && metrics.horizontalAdvance(content.title) > parts.title.width())
         text = content.title;
+    // A title may well look like markup.
+    if (!text.isEmpty()) text = QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
     QToolTip::showText(onScreen, text, m_list.viewport(), m_list.rectOf(*row));
     return true;
 }

@@ -5,6 +5,7 @@
 #include "platform/screens/list/RowSwipe.h"
 
 #include <QtCore/QPersistentModelIndex>
+#include <QtWidgets/QScroller>
 
 class QMouseEvent;
 class QTouchEvent;
@@ -32,6 +33,9 @@ public:
 
     const RowSwipe& swipe() const { return m_swipe; }
 
+    // Whether a finger is there for nothing but to end their scrolling.
+    bool stopsScrolling() const { return m_finger == Finger::Stopping; }
+
     // What the pointer does to the look of a row.
     RowLook lookOf(const QModelIndex& index) const;
 
@@ -44,6 +48,7 @@ private:
         bool operator==(const Target&) const = default;
     };
 
+    void scrollerBecame(QScroller::State state);
     Target targetAt(const QPoint& at) const;
     void change(Target& target, const Target& to);
     void begin(const QPoint& at);
@@ -57,6 +62,7 @@ private:
     // From where it began to here, towards the start of the row.
     void swipeBy(int pixelsToTheRight);
     bool wheel(const QWheelEvent& event);
+    void endWheel();
     void drag();
     bool showToolTip(const QPoint& at, const QPoint& onScreen) const;
 
@@ -67,13 +73,17 @@ private:
     QPoint m_pointer; // while it is over the list
     bool m_isOver = false;
 
-    // What a finger does, from its touch on; Other is all but a press of what it touched.
-    enum class Finger { Away, Pressing, Swiping, Other };
+    // What a finger does, from its touch on. Stopping are rows that scroll on by themselves; Other is all
+    // else but a press of what it touched.
+    enum class Finger { Away, Pressing, Swiping, Stopping, Other };
 
     Finger m_finger = Finger::Away;
-    QPoint m_fingerAt; // where it touched
+    QScroller::State m_scroller = QScroller::Inactive;
+    bool m_isTouchAStop = false; // of the scrolling that ended in this turn of the main loop
+    QPoint m_fingerAt;           // where it touched
     RowSwipe m_swipe;
     int m_wheeled = 0; // pixels of a touchpad's swipe so far
+    Timer m_stopEnd;
     Timer m_wheelEnd;
 };
 

@@ -37,9 +37,13 @@ ListView::ListView(QWidget* parent)
     QScroller::grabGesture(viewport(), QScroller::TouchGesture);
     auto& menus = ContextMenuInteraction::attach(*viewport(), [this](QPoint at) -> std::optional<Menu> {
         const QModelIndex index = indexAt(at);
-        return contextMenu && index.isValid() ? contextMenu(index) : std::nullopt;
+        if (!contextMenu || !index.isValid() || m_pointer->stopsScrolling()) return std::nullopt;
+        return contextMenu(index);
     });
-    menus.keyboardPoint = [this] { return visualRect(currentIndex()).center(); };
+    menus.keyboardPoint = [this] {
+        scrollTo(currentIndex());
+        return visualRect(currentIndex()).center();
+    };
 }
 
 ListView::~ListView() = default;
@@ -50,6 +54,7 @@ void ListView::setOpenRows(OpenRows openRows) {
 }
 
 bool ListView::isOpen(const QModelIndex& index) const {
+    if (isSectionHeader(index)) return true;
     return index.isValid() && m_openRows.contains && m_openRows.contains(index);
 }
 
@@ -91,14 +96,15 @@ void ListView::slideStep(const QModelIndex& index, SlideWay way, double part, in
 VisibleRows& ListView::rows() const {
     if (!m_isLaidOut) {
         const_cast<ListView*>(this)->m_isLaidOut = true;
-        m_disclosure->forgetAll();
         m_rows->rebuild(model(), listMetrics(), [this](const QModelIndex& row) { return isOpen(row); });
     }
     return *m_rows;
 }
 
+// Nothing slides on over rows that are no longer what they were.
 void ListView::forgetLayout() {
     m_isLaidOut = false;
+    m_disclosure->forgetAll();
     scheduleDelayedItemsLayout();
 }
 
@@ -110,7 +116,7 @@ void ListView::doItemsLayout() {
 void ListView::setModel(QAbstractItemModel* newModel) {
     if (newModel == model()) return;
     if (model()) model()->disconnect(this);
-    m_isLaidOut = false;
+    forgetLayout();
     QAbstractItemView::setModel(newModel);
     if (newModel) connectModel();
 }
@@ -125,13 +131,21 @@ void ListView::connectModel() {
     // After the selection model has forgotten all: it was told after the view, and this after both.
     connect(model(), &QAbstractItemModel::modelReset, this, &ListView::restore);
     for (const auto changed : {&QAbstractItemModel::rowsRemoved, &QAbstractItemModel::rowsInserted})
-        connect(model(), changed, this, &ListView::forgetLayout);
+        connect(model(), changed, this, [this](const QModelIndex& parent) {
+            forgetLayout();
+            if (auto* accessible = AccessibleList::ifActive(*this)) accessible->tellRowsBelow(parent);
+        });
     connect(model(), &QAbstractItemModel::rowsMoved, this, &ListView::forgetLayout);
     connect(model(), &QAbstractItemModel::layoutChanged, this, &ListView::forgetLayout);
 }
 
+void ListView::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+    QAbstractItemView::dataChanged(first, last, roles);
+    if (auto* accessible = AccessibleList::ifActive(*this)) accessible->tellChecks();
+}
+
 void ListView::reset() {
-    m_isLaidOut = false;
+    forgetLayout();
     QAbstractItemView::reset();
 }
 
@@ -147,6 +161,9 @@ void ListView::restore() {
     m_pointer->modelWasReset();
     viewport()->update();
     if (auto* accessible = AccessibleList::ifActive(*this)) accessible->forgetGone();
+    if (m_memory->wasCurrent(currentIndex())) return;
+    m_keys->leaveButton();
+    tellFocus();
 }
 
 void ListView::updateGeometries() {
@@ -220,8 +237,12 @@ QRegion ListView::visualRegionForSelection(const QItemSelection& selection) cons
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QAbstractItemView::currentChanged(current, previous);
     updateRow(previous);
-    if (!hasFocus()) return;
-    if (auto* accessible = AccessibleList::ifActive(*this)) accessible->tell(QAccessible::Focus, current);
+    m_keys->leaveButton();
+    tellFocus();
+}
+
+void ListView::tellFocus() {
+    if (auto* accessible = AccessibleList::ifActive(*this)) accessible->tellFocus();
 }
 
 void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -274,6 +295,7 @@ void ListView::focusInEvent(QFocusEvent* event) {
     QAbstractItemView::focusInEvent(event);
     m_keys->leaveButton();
     updateRow(currentIndex());
+    tellFocus();
 }
 
 bool ListView::focusNextPrevChild(bool next) {
@@ -311,7 +333,7 @@ RowLook ListView::lookOf(const VisibleRow& row) const {
     const bool isCurrent = row.index == currentIndex();
     look.isSelected = selectionModel()->isSelected(row.index);
     look.isFocused = isCurrent && showsFocusRing(*this) && !m_keys->isOnButton();
-    look.isButtonFocused = isCurrent && hasFocus() && m_keys->isOnButton();
+    look.isButtonFocused = isCurrent && showsFocusRing(*this) && m_keys->isOnButton();
     look.openness = row.openness;
     look.direction = layoutDirection();
     return look;

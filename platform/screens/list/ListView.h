@@ -56,14 +56,15 @@ public:
         SectionHeader, // a small heading over a card; cannot be chosen
     };
 
-    enum class Accessory { None, Chevron, Checkmark };
+    // Unchecked shows nothing: a row that can have a checkmark, and has none.
+    enum class Accessory { None, Chevron, Checkmark, Unchecked };
 
     explicit ListView(QWidget* parent = nullptr);
     ~ListView() override;
 
     // Which groups are open is the owner's to keep: `contains` is asked at every rebuild, `set` is called
     // when the user opens or closes one and is followed by a question to `contains`. A model without groups
-    // needs none.
+    // needs none. Section headers are always open, and nobody is asked.
     struct OpenRows {
         std::function<bool(const QModelIndex&)> contains;
         std::function<void(const QModelIndex&, bool)> set;
@@ -84,6 +85,7 @@ public:
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     QModelIndex indexAt(const QPoint& point) const override;
     void setModel(QAbstractItemModel* model) override;
+    void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
     void reset() override;
     void keyboardSearch(const QString& text) override;
     void doItemsLayout() override;
@@ -117,6 +119,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
+    friend class AccessibleList;
     friend class AccessibleRow;
     friend class AccessibleRowButton;
     friend class ListKeys;
@@ -141,6 +144,8 @@ private:
     // Makes it the current row, and leaves the selection alone.
     void moveTo(const QModelIndex& index);
     void updateRow(const QModelIndex& index);
+    // To assistive tools: the current row or its button, while the list has the focus.
+    void tellFocus();
 
     OpenRows m_openRows;
     std::unique_ptr<VisibleRows> m_rows;

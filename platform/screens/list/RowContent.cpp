@@ -16,14 +16,20 @@ RowContent contentOf(const QModelIndex& index) {
     return content;
 }
 
+bool isSectionHeader(const QModelIndex& index) {
+    if (index.parent().isValid()) return false;
+    const auto style = static_cast<ListView::RowStyle>(index.data(ListView::StyleRole).toInt());
+    return style == ListView::RowStyle::SectionHeader;
+}
+
 bool isGroup(const QModelIndex& index) {
+    if (isSectionHeader(index)) return false;
     const QVariant says = index.data(ListView::GroupRole);
     return says.isValid() ? says.toBool() : index.isValid() && index.model()->hasChildren(index);
 }
 
 bool isChoosable(const QModelIndex& index) {
-    const auto style = static_cast<ListView::RowStyle>(index.data(ListView::StyleRole).toInt());
-    return style != ListView::RowStyle::SectionHeader && (index.flags() & Qt::ItemIsEnabled);
+    return (index.flags() & Qt::ItemIsEnabled) && !isSectionHeader(index);
 }
 
 } // namespace platform

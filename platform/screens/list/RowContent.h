@@ -18,6 +18,8 @@ struct RowContent {
 
 RowContent contentOf(const QModelIndex& index);
 
+bool isSectionHeader(const QModelIndex& index);
+
 // Whether the row opens and closes.
 bool isGroup(const QModelIndex& index);
 

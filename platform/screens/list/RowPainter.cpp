@@ -1,5 +1,6 @@
 #include "platform/screens/list/RowPainter.h"
 
+#include "platform/screens/appearance/FocusRing.h"
 #include "platform/screens/appearance/Symbol.h"
 
 #include <QtGui/QPainter>
@@ -14,7 +15,7 @@ namespace {
 constexpr int groundInset = 4;
 constexpr qreal groundRadius = cardRadius - groundInset;
 constexpr int barWidth = 3;
-constexpr int ringWidth = 2;
+constexpr int ringReach = focusRingGap + focusRingWidth;
 constexpr int buttonDiameter = 32;
 
 QColor faint(Asset asset, int alpha) {
@@ -27,13 +28,6 @@ void fillRounded(QPainter& painter, const QRectF& rect, qreal radius, const QCol
     painter.setPen(Qt::NoPen);
     painter.setBrush(fill);
     painter.drawRoundedRect(rect, radius, radius);
-}
-
-void drawRing(QPainter& painter, const QRectF& rect, qreal radius) {
-    const qreal half = ringWidth / 2.0;
-    painter.setPen(QPen(color(Asset::Accent), ringWidth));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), radius, radius);
 }
 
 void paintGround(QPainter& painter, const QRect& card, const RowLook& look) {
@@ -49,7 +43,9 @@ void paintGround(QPainter& painter, const QRect& card, const RowLook& look) {
         const QRectF bar(left, ground.top() + 8, barWidth, ground.height() - 16);
         fillRounded(painter, bar, barWidth / 2.0, color(Asset::Accent));
     }
-    if (look.isFocused) drawRing(painter, ground, groundRadius);
+    if (look.isFocused) // inside of the ground: there is no room around it
+        drawFocusRing(painter, ground.adjusted(ringReach, ringReach, -ringReach, -ringReach),
+                      groundRadius - ringReach);
 }
 
 void paintButton(QPainter& painter, const QRect& button, const QString& symbol, const RowLook& look) {
@@ -59,7 +55,7 @@ void paintButton(QPainter& painter, const QRect& button, const QString& symbol, 
     fillRounded(painter, round, buttonDiameter / 2.0, faint(Asset::Accent, alpha));
     const qreal inset = (buttonDiameter - 18) / 2.0;
     drawSymbol(painter, round.adjusted(inset, inset, -inset, -inset), symbol, color(Asset::Accent));
-    if (look.isButtonFocused) drawRing(painter, round.adjusted(-3, -3, 3, 3), buttonDiameter / 2.0 + 2);
+    if (look.isButtonFocused) drawFocusRing(painter, round, buttonDiameter / 2.0);
 }
 
 // Points at the end of the row while closed, and down once open.

@@ -86,9 +86,8 @@ std::unique_ptr<VisibleRows::Block> VisibleRows::makeBlock(const QModelIndex& pa
     for (int row = 0; row < block->rows; ++row) {
         const QModelIndex index = m_model->index(row, 0, parent);
         if (m_model->flags(index) & Qt::ItemNeverHasChildren) continue;
-        const RowStyle style = styleOf(*block, row);
-        if (style != RowStyle::SectionHeader && !isOpen(index)) continue;
-        const int below = depth < 0 && style == RowStyle::Row ? 1 : depth + 1;
+        if (!isOpen(index)) continue;
+        const int below = depth < 0 && styleOf(*block, row) == RowStyle::Row ? 1 : depth + 1;
         block->open.push_back({row, makeBlock(index, below, isOpen)});
     }
     return block;
@@ -311,10 +310,6 @@ void VisibleRows::slide(const QModelIndex& index, SlideWay way, double part, int
     block->part = part;
     block->slidePixels = pixels;
     settleAll();
-}
-
-bool VisibleRows::isOpenOrSliding(const QModelIndex& index) const {
-    return blockBelow(index) != nullptr;
 }
 
 int VisibleRows::heightBelow(const QModelIndex& index) const {

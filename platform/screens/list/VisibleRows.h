@@ -50,7 +50,7 @@ public:
     ~VisibleRows();
 
     // Reads the model anew. `isOpen` is asked of every row that may have rows below and whose parents are
-    // open; section headers are always open.
+    // open.
     void rebuild(const QAbstractItemModel* model, const Metrics& metrics, const IsOpen& isOpen);
 
     int height() const;
@@ -78,7 +78,6 @@ public:
     // The rows below an open `index` on their way: of so many pixels of them such a part is uncovered. All
     // of them are with the part 1.
     void slide(const QModelIndex& index, SlideWay way, double part, int pixels);
-    bool isOpenOrSliding(const QModelIndex& index) const;
     // The height that the rows below take once they are open; 0 for a closed row.
     int heightBelow(const QModelIndex& index) const;
 

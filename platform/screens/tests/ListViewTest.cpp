@@ -1,5 +1,6 @@
 #include "platform/screens/list/ListView.h"
 
+#include <QtCore/QAnimationDriver>
 #include <QtCore/QMimeData>
 #include <QtGui/QAccessible>
 #include <QtGui/QStandardItemModel>
@@ -7,6 +8,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QScroller>
 #include <gtest/gtest.h>
 
 #include <set>
@@ -41,6 +43,20 @@ public:
     mutable int asked = 0;
 };
 
+// Moves what is animated on, a little at each call.
+class Clock : public QAnimationDriver {
+public:
+    void advance() override {
+        m_now += 16;
+        advanceAnimation();
+    }
+
+    qint64 elapsed() const override { return m_now; }
+
+private:
+    qint64 m_now = 0; // milliseconds
+};
+
 QStandardItem* row(const QString& title, ListView::RowStyle style = ListView::RowStyle::Row) {
     auto item = std::make_unique<QStandardItem>(title);
     item->setData(static_cast<int>(style), ListView::StyleRole);
@@ -52,6 +68,7 @@ QStandardItem* row(const QString& title, ListView::RowStyle style = ListView::Ro
 class ListViewTest : public ::testing::Test {
 protected:
     ListViewTest() {
+        QApplication::setEffectEnabled(Qt::UI_General, false);
         fill(30);
         list.setOpenRows({[this](const QModelIndex& index) { return open.contains(index.data().toString()); },
                           [this](const QModelIndex& index, bool isOpen) {
@@ -171,6 +188,40 @@ TEST_F(ListViewTest, KeysGoOpenCloseAndDelete) {
     EXPECT_FALSE(list.isOpen(at(1)));
 }
 
+TEST_F(ListViewTest, PagesThatEndBetweenCardsGoToTheNearestRow) {
+    model.refill([this] {
+        for (int card = 0; card < 10; ++card) {
+            model.appendRow(row(QStringLiteral("header %1").arg(card), ListView::RowStyle::Header));
+            model.item(card)->appendRow(row(QStringLiteral("row %1").arg(card)));
+            open.insert(QStringLiteral("header %1").arg(card));
+        }
+    });
+    const int card = list.visualRect(at(1)).top() - list.visualRect(at(0)).top();
+    const int page = list.viewport()->height();
+    list.resize(list.width(), list.height() + 3 * card - 5 - page); // from a header on, and back from a row
+    keys({Qt::Key_Home, Qt::Key_PageDown});
+    EXPECT_EQ(current(), q("header 3"));
+    list.resize(list.width(), list.height() - list.visualRect(at(0)).height() + 2);
+    list.setCurrentIndex(at(9));
+    keys({Qt::Key_PageUp});
+    EXPECT_EQ(current(), q("row 6"));
+    keys({Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_PageUp});
+    EXPECT_EQ(current(), q("header 0"));
+}
+
+TEST_F(ListViewTest, TheMenuKeyBringsTheRowIntoView) {
+    click(at(0));
+    list.setCurrentIndex(at(0, 1));
+    list.verticalScrollBar()->setValue(900);
+    QString asked;
+    list.contextMenu = [&asked](const QModelIndex& index) -> std::optional<Menu> {
+        asked = index.data().toString();
+        return std::nullopt;
+    };
+    keys({Qt::Key_Menu});
+    EXPECT_EQ(asked, q("alpha 1"));
+}
+
 TEST_F(ListViewTest, LettersFindVisibleRowsAndWrap) {
     open = {q("Alpha")};
     list.setOpenRows(
@@ -251,6 +302,21 @@ TEST_F(ListViewTest, RowsSlideOpenAndTurnAround) {
     EXPECT_EQ(current(), q("Beta"));
 }
 
+TEST_F(ListViewTest, AChangeOfTheModelEndsTheSlide) {
+    QApplication::setEffectEnabled(Qt::UI_General, true);
+    Clock clock;
+    clock.install();
+    const int closed = list.visualRect(at(1)).top();
+    click(at(0));
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        clock.advance();
+        return list.visualRect(at(1)).top() > closed + 20;
+    }));
+    model.item(0)->appendRow(row(q("late")));
+    clock.advance(); // before the list is laid out anew
+    EXPECT_EQ(list.visualRect(at(1)).top() - closed, 31 * list.visualRect(at(0, 0)).height() + 12);
+}
+
 TEST_F(ListViewTest, OnlyWhatIsInViewIsAskedForItsLooks) {
     model.refill([this] { fill(50'000); });
     list.setOpenRows(
@@ -293,6 +359,19 @@ TEST_F(ListViewTest, AFingerSwipesScrollsAndPresses) {
     EXPECT_EQ(activated, QStringList{q("alpha 1")});
     drag(middle(at(0, 4)), {5, -150});
     EXPECT_TRUE(QTest::qWaitFor([this] { return list.verticalScrollBar()->value() > 50; }));
+    EXPECT_EQ(activated.size(), 1);
+}
+
+TEST_F(ListViewTest, ATapThatStopsTheRowsPressesNothing) {
+    click(at(0));
+    auto* scroller = QScroller::scroller(list.viewport());
+    scroller->scrollTo({0, 800}, 10'000);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return list.verticalScrollBar()->value() > 0; }));
+    ASSERT_EQ(scroller->state(), QScroller::Scrolling);
+    tap({100, 100});
+    EXPECT_TRUE(activated.isEmpty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scroller->state() == QScroller::Inactive; }));
+    tap({100, 100});
     EXPECT_EQ(activated.size(), 1);
 }
 
@@ -342,6 +421,25 @@ TEST_F(ListViewTest, AssistiveToolsSeeATreeOfRows) {
     model.refill([this] { fill(3); });
     EXPECT_FALSE(header->isValid());
     EXPECT_EQ(root->child(0)->text(QAccessible::Name), q("Alpha"));
+}
+
+TEST_F(ListViewTest, AssistiveToolsFindTheRowOrTheButtonThatHasTheFocus) {
+    const auto focused = [this] {
+        return QAccessible::queryAccessibleInterface(&list)->focusChild()->text(QAccessible::Name);
+    };
+    list.setOpen(at(0), true);
+    list.setCurrentIndex(at(0));
+    keys({Qt::Key_Tab});
+    EXPECT_EQ(focused(), q("Add to Alpha"));
+    keys({Qt::Key_Home});
+    EXPECT_EQ(focused(), q("Alpha"));
+    keys({Qt::Key_Tab, Qt::Key_Right});
+    EXPECT_EQ(focused(), q("alpha 0"));
+    model.refill([this] {
+        fill(30);
+        model.item(0)->removeRow(0);
+    });
+    EXPECT_EQ(focused(), q("alpha 1"));
 }
 
 TEST_F(ListViewTest, TitlesStandAtTheOtherSideRightToLeft) {

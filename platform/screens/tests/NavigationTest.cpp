@@ -84,6 +84,9 @@ TEST_F(NavigationTest, LeadsBackByButtonKeyAndMouse) {
     push();
     QTest::mouseClick(&top().field(), Qt::BackButton);
     EXPECT_EQ(top().title(), QStringLiteral("A"));
+    push();
+    navigation.cancelPresentation();
+    EXPECT_EQ(top().title(), QStringLiteral("A")) << "a sheet that shows a second screen goes back first";
 }
 
 TEST_F(NavigationTest, TheBarFollowsItsItem) {

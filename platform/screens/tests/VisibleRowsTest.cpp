@@ -1,5 +1,7 @@
 #include "platform/screens/list/VisibleRows.h"
 
+#include "platform/screens/list/RowContent.h"
+
 #include <QtGui/QStandardItemModel>
 #include <gtest/gtest.h>
 
@@ -111,8 +113,7 @@ protected:
     void toggle() {
         if (all.empty()) return;
         const QModelIndex index = all[random() % all.size()];
-        const auto style = index.data(ListView::StyleRole);
-        if (style.isValid() && style.toInt() == static_cast<int>(RowStyle::SectionHeader)) return;
+        if (isSectionHeader(index)) return;
         if (open.erase(index) > 0) {
             rows.close(index);
         } else {
@@ -169,7 +170,9 @@ protected:
     QStandardItemModel model;
     std::vector<QModelIndex> all;
     std::set<QPersistentModelIndex> open;
-    VisibleRows::IsOpen isOpen = [this](const QModelIndex& index) { return open.contains(index); };
+    VisibleRows::IsOpen isOpen = [this](const QModelIndex& index) {
+        return isSectionHeader(index) || open.contains(index);
+    };
     VisibleRows::Metrics metrics;
     VisibleRows rows;
 };
