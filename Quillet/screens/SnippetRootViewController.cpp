@@ -6,8 +6,8 @@
 #include "Quillet/controls/SnippetNavigationController.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/screens/HealthBanner.h"
-#include "Quillet/screens/SnippetDetailsViewController.h"
-#include "Quillet/screens/SnippetViewController.h"
+#include "Quillet/screens/details/SnippetDetailsViewController.h"
+#include "Quillet/screens/editor/SnippetViewController.h"
 #include "platform/screens/controllers/AlertController.h"
 
 #include <QtGui/QCloseEvent>

@@ -1,7 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "Quillet/core/tests/TemporaryLibrary.h"
-#include "Quillet/screens/SnippetViewController.h"
+#include "Quillet/screens/editor/SnippetViewController.h"
 #include "app/TerminationSignals.h"
 
 #include <QtTest/QTest>

@@ -3,11 +3,11 @@
 #include "Quillet/core/SnippetService.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 #include "Quillet/screens/HealthBanner.h"
-#include "Quillet/screens/Languages.h"
-#include "Quillet/screens/ListWithSelectionViewController.h"
-#include "Quillet/screens/SnippetDetailsViewController.h"
 #include "Quillet/screens/SnippetRootViewController.h"
-#include "Quillet/screens/SnippetViewController.h"
+#include "Quillet/screens/details/Languages.h"
+#include "Quillet/screens/details/ListWithSelectionViewController.h"
+#include "Quillet/screens/details/SnippetDetailsViewController.h"
+#include "Quillet/screens/editor/SnippetViewController.h"
 #include "platform/screens/controllers/AlertController.h"
 
 #include <QtCore/QDir>

@@ -3,7 +3,7 @@
 #include "Quillet/browsing/tests/ScreenDriver.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 #include "Quillet/screens/SnippetRootViewController.h"
-#include "Quillet/screens/SnippetViewController.h"
+#include "Quillet/screens/editor/SnippetViewController.h"
 
 using namespace quillet;
 

@@ -19,7 +19,12 @@ namespace {
 QString fileOf(const QString& name) {
     static const QHash<QString, QString> others{
         {QStringLiteral("rectangle.and.pencil.and.ellipsis"), QStringLiteral("pencil_ellipsis_rectangle")},
+        {QStringLiteral("bin.fill"), QStringLiteral("trash_fill")},
+        {QStringLiteral("note.text"), QStringLiteral("doc_text")},
         {QStringLiteral("paintpalette.fill"), QStringLiteral("paintbrush_fill")},
+        {QStringLiteral("questionmark.circle"), QStringLiteral("question_circle")},
+        {QStringLiteral("safari"), QStringLiteral("compass")},
+        {QStringLiteral("square.and.arrow.up"), QStringLiteral("square_arrow_up")},
     };
     QString plain = name;
     return QStringLiteral(":/symbols/%1.svg").arg(others.value(name, plain.replace(u'.', u'_')));

@@ -1,4 +1,4 @@
-#include "Quillet/screens/Languages.h"
+#include "Quillet/screens/details/Languages.h"
 
 #include "platform/highlightr/Highlightr.h"
 

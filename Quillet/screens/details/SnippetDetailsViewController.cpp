@@ -1,11 +1,11 @@
-#include "Quillet/screens/SnippetDetailsViewController.h"
+#include "Quillet/screens/details/SnippetDetailsViewController.h"
 
 #include "Quillet/core/Segment.h"
 #include "Quillet/core/SnippetService.h"
 #include "Quillet/core/UserSettings.h"
 #include "Quillet/screens/AlertMaker.h"
-#include "Quillet/screens/Languages.h"
-#include "Quillet/screens/ListWithSelectionViewController.h"
+#include "Quillet/screens/details/Languages.h"
+#include "Quillet/screens/details/ListWithSelectionViewController.h"
 #include "platform/screens/controllers/NavigationController.h"
 #include "platform/screens/controls/DisclosureRow.h"
 

@@ -1,4 +1,4 @@
-#include "Quillet/screens/SnippetViewController.h"
+#include "Quillet/screens/editor/SnippetViewController.h"
 
 #include "Quillet/browsing/SelectionNavigationController.h"
 #include "Quillet/browsing/TagSelectionView.h"
@@ -7,9 +7,9 @@
 #include "Quillet/core/KeyStore.h"
 #include "Quillet/core/Segment.h"
 #include "Quillet/core/SnippetService.h"
-#include "Quillet/screens/Languages.h"
-#include "Quillet/screens/ListWithSelectionViewController.h"
-#include "Quillet/screens/SnippetDetailsViewController.h"
+#include "Quillet/screens/details/Languages.h"
+#include "Quillet/screens/details/ListWithSelectionViewController.h"
+#include "Quillet/screens/details/SnippetDetailsViewController.h"
 #include "platform/foundation/DateFormats.h"
 #include "platform/screens/appearance/Symbol.h"
 
@@ -73,8 +73,7 @@ SnippetViewController::SnippetViewController(QWidget* parent)
     m_textView->setCursorWidth(2);
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPointSizeF(codePointSize);
-    m_textView->setFont(font);
-    m_textView->setTabStopDistance(4 * QFontMetricsF(font).horizontalAdvance(u' '));
+    m_textStorage->setCodeFont(font);
     QScroller::grabGesture(m_textView->viewport(), QScroller::TouchGesture);
 
     addBarButtons();
@@ -265,7 +264,7 @@ void SnippetViewController::presentThemes() {
 void SnippetViewController::setTheme(const QString& theme) {
     m_currentTheme = theme;
     showValue(m_themeButton, theme);
-    m_textStorage->highlightr().setTheme(theme);
+    m_textStorage->highlightr()->setTheme(theme);
     m_textStorage->themeChanged();
 }
 

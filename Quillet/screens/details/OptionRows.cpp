@@ -1,4 +1,4 @@
-#include "Quillet/screens/OptionRows.h"
+#include "Quillet/screens/details/OptionRows.h"
 
 #include "platform/screens/list/ListView.h"
 

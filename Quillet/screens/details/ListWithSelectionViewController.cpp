@@ -1,4 +1,4 @@
-#include "Quillet/screens/ListWithSelectionViewController.h"
+#include "Quillet/screens/details/ListWithSelectionViewController.h"
 
 #include "platform/screens/appearance/Symbol.h"
 #include "platform/screens/controllers/NavigationController.h"

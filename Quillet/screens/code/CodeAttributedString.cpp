@@ -1,4 +1,4 @@
-#include "Quillet/screens/CodeAttributedString.h"
+#include "Quillet/screens/code/CodeAttributedString.h"
 
 #include "platform/foundation/MainQueue.h"
 
@@ -24,6 +24,17 @@ CodeAttributedString::CodeAttributedString(platform::TextView& view)
 void CodeAttributedString::setLanguage(const std::optional<QString>& language) {
     m_language = language;
     m_delay.start();
+}
+
+void CodeAttributedString::setCodeFont(const QFont& font) {
+    m_view->setFont(font);
+    m_view->setTabStopDistance(4 * QFontMetricsF(font).horizontalAdvance(u' '));
+}
+
+void CodeAttributedString::setAttributedString(const platform::AttributedString& string) {
+    if (m_view->text() != string.string) m_view->setText(string.string);
+    // With breaks of two units the runs would not fit the text on screen.
+    if (m_view->displayText() == string.string) m_view->setRuns(string.runs);
 }
 
 void CodeAttributedString::themeChanged() {

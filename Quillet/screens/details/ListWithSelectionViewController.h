@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Quillet/screens/OptionRows.h"
+#include "Quillet/screens/details/OptionRows.h"
 #include "platform/screens/controllers/ViewController.h"
 
 #include <QtCore/QSortFilterProxyModel>

@@ -2,7 +2,7 @@
 
 #include "Quillet/core/NavigationDelegates.h"
 #include "Quillet/core/Snippet.h"
-#include "Quillet/screens/CodeAttributedString.h"
+#include "Quillet/screens/code/CodeAttributedString.h"
 #include "platform/foundation/Timer.h"
 #include "platform/screens/controllers/ViewController.h"
 #include "platform/screens/text/TextView.h"

@@ -20,7 +20,16 @@ public:
     // `view` outlives this.
     explicit CodeAttributedString(platform::TextView& view);
 
-    platform::Highlightr& highlightr() { return *m_highlightr; }
+    // Shared with highlights that are under way.
+    const std::shared_ptr<platform::Highlightr>& highlightr() const { return m_highlightr; }
+
+    // The font of the code, which themes do not have one of their own for.
+    void setCodeFont(const QFont& font);
+
+    // Replaces the whole text, as TextView::setText(), and shows it in these colours until those of its
+    // language are known. A text that is on screen already stays as it is, caret and undo history too, and
+    // only gets the colours.
+    void setAttributedString(const platform::AttributedString& string);
 
     // None means that the highlighter is to find out.
     void setLanguage(const std::optional<QString>& language);
@@ -37,7 +46,7 @@ private:
     void finish(const QString& language, const platform::AttributedString& result);
 
     platform::TextView* m_view;
-    std::shared_ptr<platform::Highlightr> m_highlightr; // shared with a highlight that is under way
+    std::shared_ptr<platform::Highlightr> m_highlightr;
     std::optional<QString> m_language;
     platform::Timer m_delay; // lets a burst of keystrokes be one highlight
     bool m_isRunning = false;
