@@ -33,6 +33,11 @@ void HomeListViewController::addBarButtons() {
     add.setShortcut(QKeySequence::New);
     m_sortButton = &navigationItem().addTrailing(std::make_unique<BarButtonItem>(
         BarButtonItem::Look{QStringLiteral("arrow.up.arrow.down"), QStringLiteral("Sort")}));
+    auto& settings = navigationItem().addTrailing(std::make_unique<BarButtonItem>(
+        BarButtonItem::Look{QStringLiteral("gear.alt"), QStringLiteral("Settings")}, [this] {
+            if (onSettings) onSettings();
+        }));
+    settings.setShortcut(Qt::CTRL | Qt::Key_Comma);
 }
 
 void HomeListViewController::viewDidLoad() {

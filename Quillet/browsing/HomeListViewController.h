@@ -16,6 +16,7 @@ public:
     SnippetSelectionDelegate* delegate = nullptr;        // not owned
     SnippetCreationDelegate* creationDelegate = nullptr; // not owned
     std::function<void()> onAdd;                         // the user wants a new snippet
+    std::function<void()> onSettings;                    // the user wants the settings
 
     // Nothing happens before the view is loaded.
     void select(const std::shared_ptr<Snippet>& snippet);

@@ -4,8 +4,7 @@
 
 namespace quillet {
 
-// A navigation controller with the program's bar: background "backgroundGrey", buttons "accent", title
-// "text", no shadow, also while the content is scrolled under it.
+// A navigation controller with the looks of QuilletNavigationBar.
 class SnippetNavigationController : public platform::NavigationController {
     Q_OBJECT
 

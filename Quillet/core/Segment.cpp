@@ -15,6 +15,16 @@ QString conflictTitle(const QDateTime& written) {
 Segment::Segment()
     : ManagedObject(libraryModel()->entity(QStringLiteral("Segment"))) {}
 
+platform::StoreResult<QString> Segment::readCode() const {
+    auto code = readValue(Code);
+    if (!code) return std::unexpected(code.error());
+    return code->toString();
+}
+
+Snippet* Segment::snippet() const {
+    return static_cast<Snippet*>(toOne(OfSnippet));
+}
+
 QString Segment::mergeTyped(Snippet& snippet, const QString& base, const QString& stored,
                             const QString& typed) {
     const auto merged = platform::mergeTexts(base, stored, typed);

@@ -39,7 +39,13 @@ public:
     // Read from the store when asked for.
     QString code() const { return value(Code).toString(); }
 
+    // For who may write the text back: an error where the store cannot be read.
+    platform::StoreResult<QString> readCode() const;
+
     void setCode(const QString& code) { setValue(Code, code); }
+
+    // Null once the snippet is gone.
+    Snippet* snippet() const;
 
     std::optional<QDateTime> creationDate() const {
         return value(CreationDate).isNull() ? std::nullopt : std::optional(value(CreationDate).toDateTime());

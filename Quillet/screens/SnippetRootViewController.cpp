@@ -5,12 +5,19 @@
 #include "Quillet/browsing/SelectionNavigationController.h"
 #include "Quillet/controls/SnippetNavigationController.h"
 #include "Quillet/core/CoreDataStack.h"
+#include "Quillet/core/KeyStore.h"
 #include "Quillet/screens/HealthBanner.h"
+#include "Quillet/screens/WhatsNew.h"
+#include "Quillet/screens/WindowMenu.h"
+#include "Quillet/screens/details/Languages.h"
 #include "Quillet/screens/details/SnippetDetailsViewController.h"
 #include "Quillet/screens/editor/SnippetViewController.h"
+#include "Quillet/screens/settings/SettingsHostController.h"
 #include "platform/screens/controllers/AlertController.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QShortcut>
 #include <QtWidgets/QBoxLayout>
 
 namespace quillet {
@@ -29,14 +36,17 @@ void SnippetRootViewController::viewDidLoad() {
     preferredDisplayMode = DisplayMode::OneBesideSecondary;
     setWindowTitle(QStringLiteral("Quillet"));
     setMinimumSize(320, 400);
-    static_cast<QBoxLayout*>(layout())->insertWidget(0, new HealthBanner(this));
-    for (auto* column : children())
-        if (const auto* navigation = qobject_cast<platform::NavigationController*>(column))
+    addMenu();
+    auto* views = static_cast<QBoxLayout*>(layout());
+    views->insertWidget(0, new HealthBanner(this));
+    views->insertWidget(0, m_menu);
+    for (auto* child : children())
+        if (const auto* navigation = qobject_cast<platform::NavigationController*>(child))
             for (auto* controller : navigation->viewControllers())
                 adopt(*controller);
     // What is left on the way back is saved.
-    connect(this, &SplitViewController::topColumnChanged, this, [this](Column column) {
-        if (column == Column::Primary && m_snippetViewController)
+    connect(this, &SplitViewController::topColumnChanged, this, [this](Column top) {
+        if (top == Column::Primary && m_snippetViewController)
             m_snippetViewController->saveContents(Silent::Yes);
     });
 }
@@ -47,9 +57,12 @@ void SnippetRootViewController::adopt(platform::ViewController& controller) {
         list->delegate = this;
         list->creationDelegate = this;
         list->onAdd = [this] { presentNewModally(); };
+        list->onSettings = [this] { presentSettingsModally(); };
     } else if (auto* editor = qobject_cast<SnippetViewController*>(&controller)) {
         m_snippetViewController = editor;
         editor->delegate = this;
+        editor->onPickTheme = [this] { presentThemePicker(); };
+        editor->onPickLanguage = [this] { presentLanguagePicker(); };
         connect(&editor->navigationItem(), &platform::NavigationItem::changed, this,
                 [this] { nameWindow(); });
     }
@@ -58,6 +71,41 @@ void SnippetRootViewController::adopt(platform::ViewController& controller) {
 void SnippetRootViewController::viewDidAppear(Animated animated) {
     showColumn(Column::Primary, Animated::No);
     SplitViewController::viewDidAppear(animated);
+    checkWhatsNew(*this, *this, KeyStore::shared(), QCoreApplication::applicationVersion());
+}
+
+void SnippetRootViewController::addMenu() {
+    using platform::MenuAction;
+    const auto onEditor = [this](void (SnippetViewController::*action)()) {
+        return [this, action] {
+            if (m_snippetViewController) (m_snippetViewController->*action)();
+        };
+    };
+    m_menu = new WindowMenu(
+        {{.title = QStringLiteral("File"),
+          .entries = {MenuAction{.title = QStringLiteral("New Snippet"),
+                                 .handler = [this] { presentNewModally(); },
+                                 .shortcut = QStringLiteral("Ctrl+N")},
+                      MenuAction{.title = QStringLiteral("Save"),
+                                 .handler = [this] { save(); },
+                                 .shortcut = QStringLiteral("Ctrl+S")},
+                      MenuAction{.title = QStringLiteral("Find in Snippet"),
+                                 .handler = onEditor(&SnippetViewController::find),
+                                 .shortcut = QStringLiteral("Ctrl+F")},
+                      platform::Menu{.title = {},
+                                     .entries = {MenuAction{.title = QStringLiteral("Settings"),
+                                                            .handler = [this] { presentSettingsModally(); },
+                                                            .shortcut = QStringLiteral("Ctrl+,")}},
+                                     .display = platform::Menu::Display::Inline},
+                      MenuAction{.title = QStringLiteral("Quit"),
+                                 .handler = [this] { close(); },
+                                 .shortcut = QStringLiteral("Ctrl+Q")}}}},
+        this);
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
+            &QWidget::close);
+    m_menu->setVisible(!isCollapsed());
+    connect(this, &SplitViewController::collapsedChanged, m_menu,
+            [this](bool isCollapsed) { m_menu->setVisible(!isCollapsed); });
 }
 
 // A narrow window starts with the list.
@@ -108,6 +156,45 @@ void SnippetRootViewController::presentNewModally() {
     details->delegate = this;
     present(std::make_unique<SnippetNavigationController>(std::move(details)));
 }
+
+void SnippetRootViewController::didTapEdit() {
+    if (m_snippetViewController) m_snippetViewController->editTapped();
+}
+
+void SnippetRootViewController::presentSettingsModally() {
+    auto settings = std::make_unique<SettingsHostController>();
+    settings->onTheme = [this](const QString& theme) {
+        if (m_snippetViewController) m_snippetViewController->setTheme(theme);
+    };
+    present(std::make_unique<SnippetNavigationController>(std::move(settings)));
+}
+
+void SnippetRootViewController::presentThemePicker() {
+    auto picker = std::make_unique<SearchSelectViewController>(platform::Highlightr::availableThemes(),
+                                                               KeyStore::shared().codeTheme());
+    picker->delegate = this;
+    present(std::make_unique<SnippetNavigationController>(std::move(picker)));
+}
+
+void SnippetRootViewController::didSelectTheme(const QString& theme) {
+    if (m_snippetViewController) m_snippetViewController->setTheme(theme);
+    KeyStore::shared().setCodeTheme(theme);
+}
+
+void SnippetRootViewController::presentLanguagePicker() {
+    const auto selected =
+        m_snippetViewController ? m_snippetViewController->selectedLanguage() : std::nullopt;
+    auto picker = std::make_unique<ListWithSelectionViewController>(
+        QStringLiteral("Language"), Languages::shared().languages(), selected);
+    picker->delegate = this;
+    present(std::make_unique<SnippetNavigationController>(std::move(picker)));
+}
+
+void SnippetRootViewController::didSelectOption(const QString& language) {
+    if (m_snippetViewController) m_snippetViewController->setSelectedLanguage(language);
+}
+
+void SnippetRootViewController::didPressButton(halcyonix::ModalViewController& /*modal*/) {}
 
 void SnippetRootViewController::closeEvent(QCloseEvent* event) {
     save();

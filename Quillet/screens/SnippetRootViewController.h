@@ -1,19 +1,26 @@
 #pragma once
 
+#include "Halcyonix/ModalViewController.h"
 #include "Quillet/core/NavigationDelegates.h"
+#include "Quillet/screens/details/ListWithSelectionViewController.h"
+#include "Quillet/screens/details/SearchSelectViewController.h"
 #include "platform/screens/controllers/SplitViewController.h"
 
 namespace quillet {
 
 class HomeListViewController;
 class SnippetViewController;
+class WindowMenu;
 
 // The window's root: the list beside the editor when there is room, one of the two when there is not. Finds
-// the two in its columns and is their delegate. Main thread.
+// the two in its columns and is their delegate, and that of the pickers that it opens. Main thread.
 class SnippetRootViewController : public platform::SplitViewController,
                                   public SnippetSelectionDelegate,
                                   public SnippetCreationDelegate,
-                                  public SnippetEditDelegate {
+                                  public SnippetEditDelegate,
+                                  public ListWithSelectionViewControllerDelegate,
+                                  public SearchSelectDelegate,
+                                  public halcyonix::ModalViewControllerDelegate {
     Q_OBJECT
 
 public:
@@ -29,9 +36,19 @@ public:
     void didCreate(const std::shared_ptr<Snippet>& snippet) override;
     void didEdit(const std::shared_ptr<Snippet>& snippet) override;
 
+    // Of the language list and of the theme picker.
+    void didSelectOption(const QString& language) override;
+    void didSelectTheme(const QString& theme) override;
+
+    void didPressButton(halcyonix::ModalViewController& modal) override;
+
     // The editor's save, in place, and with it all that is pending.
     void save();
+    void didTapEdit();
     void presentNewModally();
+    void presentSettingsModally();
+    void presentThemePicker();
+    void presentLanguagePicker();
 
 protected:
     void viewDidLoad() override;
@@ -42,11 +59,13 @@ protected:
 
 private:
     void adopt(platform::ViewController& controller);
+    void addMenu();
     void nameWindow();
     void askBeforeLoss(const QString& reason);
 
     HomeListViewController* m_homeListViewController = nullptr; // found in the tree
     SnippetViewController* m_snippetViewController = nullptr;
+    WindowMenu* m_menu = nullptr;
     QPointer<platform::ViewController> m_question;
     bool m_acceptsLoss = false;
 };

@@ -1,16 +1,18 @@
 #include "Quillet/screens/details/Languages.h"
 
-#include "platform/highlightr/Highlightr.h"
-
 namespace quillet {
 
-const QStringList& languages() {
-    static const QStringList names = [] {
-        QStringList supported = platform::Highlightr::supportedLanguages();
-        supported.removeIf([](const QString& name) { return name.contains(QStringLiteral("fuck")); });
-        return supported;
-    }();
-    return names;
+Languages& Languages::shared() {
+    static Languages languages;
+    return languages;
+}
+
+const QStringList& Languages::languages() {
+    if (!m_languages) {
+        m_languages = highlighr ? highlighr->supportedLanguages() : QStringList();
+        m_languages->removeIf([](const QString& name) { return name.contains(QStringLiteral("fuck")); });
+    }
+    return *m_languages;
 }
 
 } // namespace quillet

@@ -1,12 +1,8 @@
 #include "Quillet/screens/details/ListWithSelectionViewController.h"
 
-#include "platform/screens/appearance/Symbol.h"
 #include "platform/screens/controllers/NavigationController.h"
 #include "platform/screens/list/ListView.h"
 
-#include <QtCore/QRegularExpression>
-#include <QtGui/QKeyEvent>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QVBoxLayout>
 
 namespace quillet {
@@ -24,23 +20,22 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
                                                                  QWidget* parent)
     : ViewController(parent)
     , m_options(options, selectedOption)
-    , m_searchBar(new QLineEdit(this))
+    , m_searchBar(new SearchBar(this))
     , m_list(new platform::ListView(this)) {
     setTitle(title);
     setPreferredContentSize(preferredSize);
-    m_searchBar->setPlaceholderText(QStringLiteral("Search"));
-    m_searchBar->setAccessibleName(QStringLiteral("Search"));
-    m_searchBar->setClearButtonEnabled(true);
-    m_searchBar->setMinimumHeight(44);
-    m_searchBar->addAction(platform::symbolIcon(QStringLiteral("search"), platform::Asset::TextSecondary),
-                           QLineEdit::LeadingPosition);
-    m_searchBar->installEventFilter(this);
     setFocusProxy(m_searchBar);
 
     m_filtered.setSourceModel(&m_options);
     m_list->setModel(&m_filtered);
     m_list->setAccessibleName(title);
     connect(m_list, &platform::ListView::rowActivated, this, &ListWithSelectionViewController::choose);
+    m_searchBar->steer(*m_list);
+    connect(m_searchBar, &SearchBar::returnPressed, this, [this] {
+        m_debounce.stop();
+        applyFilter();
+        choose(m_list->currentIndex());
+    });
     if (selectedOption) {
         const auto at = m_filtered.index(static_cast<int>(options.indexOf(*selectedOption)), 0);
         m_list->setCurrentIndex(at);
@@ -82,42 +77,17 @@ void ListWithSelectionViewController::close() {
         dismiss();
 }
 
-// Only the query is lowercased, so an option with a capital is found by its lower-case start alone.
 void ListWithSelectionViewController::applyFilter() {
-    const QString query = QRegularExpression::escape(m_searchBar->text().toLower());
-    m_filtered.setFilterRegularExpression(QRegularExpression(QStringLiteral("^") + query));
+    m_filtered.setFilterRegularExpression(m_searchBar->prefixPattern());
     m_list->setCurrentIndex(m_filtered.index(0, 0)); // Return takes the best match
 }
 
 void ListWithSelectionViewController::choose(const QModelIndex& index) {
     if (!index.isValid()) return;
-    if (onSelect) onSelect(index.data().toString());
+    const QString option = index.data().toString();
+    m_options.setSelectedOption(option);
+    if (delegate) delegate->didSelectOption(option);
     close();
-}
-
-// The arrows and Return work on the list while the search bar keeps the focus.
-bool ListWithSelectionViewController::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != m_searchBar || event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    const auto& key = static_cast<const QKeyEvent&>(*event);
-    const int row = m_list->currentIndex().row();
-    switch (key.key()) {
-    case Qt::Key_Down:
-        m_list->setCurrentIndex(m_filtered.index(std::min(row + 1, m_filtered.rowCount() - 1), 0));
-        return true;
-    case Qt::Key_Up:
-        m_list->setCurrentIndex(m_filtered.index(std::max(row - 1, 0), 0));
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (key.isAutoRepeat()) return true; // held since the screen before
-        m_debounce.stop();
-        applyFilter();
-        choose(m_list->currentIndex());
-        return true;
-    default:
-        return QWidget::eventFilter(watched, event);
-    }
 }
 
 } // namespace quillet

@@ -13,6 +13,10 @@ class OptionRows : public QStringListModel {
 public:
     OptionRows(const QStringList& options, std::optional<QString> selectedOption);
 
+    const std::optional<QString>& selectedOption() const { return m_selectedOption; }
+
+    void setSelectedOption(const std::optional<QString>& option);
+
     QVariant data(const QModelIndex& index, int role) const override;
 
 private:

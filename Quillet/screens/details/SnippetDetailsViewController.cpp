@@ -1,39 +1,53 @@
 #include "Quillet/screens/details/SnippetDetailsViewController.h"
 
+#include "Quillet/controls/ToolbarTextField.h"
 #include "Quillet/core/Segment.h"
 #include "Quillet/core/SnippetService.h"
 #include "Quillet/core/UserSettings.h"
 #include "Quillet/screens/AlertMaker.h"
 #include "Quillet/screens/details/Languages.h"
-#include "Quillet/screens/details/ListWithSelectionViewController.h"
 #include "platform/screens/controllers/NavigationController.h"
+#include "platform/screens/controls/ActivityIndicator.h"
 #include "platform/screens/controls/DisclosureRow.h"
+#include "platform/screens/list/GroupedForm.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPlainTextEdit>
-#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
 namespace quillet {
 
 namespace {
 
-constexpr QSize preferredSize(460, 430); // points
+constexpr QSize preferredSize(460, 480); // points
 
 // A field counts as empty also with the one blank that an empty label holds.
 bool isEmpty(const QString& text) {
     return text.isEmpty() || text == QStringLiteral(" ");
 }
 
-QLabel* caption(const QString& text, QWidget* buddy) {
-    auto* label = new QLabel(text, buddy->parentWidget());
-    label->setBuddy(buddy);
+QString labelOf(Language language) {
+    switch (language) {
+    case Language::swift:
+        return QStringLiteral("Swift");
+    case Language::objectiveC:
+        return QStringLiteral("Objective-C");
+    case Language::python:
+        return QStringLiteral("Python");
+    case Language::javascript:
+        return QStringLiteral("Javascript");
+    }
+    return {};
+}
+
+void addRow(QVBoxLayout& section, const QString& caption, QWidget* field) {
+    auto* label = new QLabel(caption);
+    label->setBuddy(field);
     label->setForegroundRole(QPalette::PlaceholderText);
-    return label;
+    section.addWidget(label);
+    section.addWidget(field);
 }
 
 } // namespace
@@ -41,63 +55,79 @@ QLabel* caption(const QString& text, QWidget* buddy) {
 SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snippet> snippet, QWidget* parent)
     : ViewController(parent)
     , m_snippet(std::move(snippet))
+    , m_spinner(new platform::ActivityIndicator(this))
     , m_nameField(new QLineEdit(this))
-    , m_languageRow(new platform::DisclosureRow(this))
-    , m_notesField(new QPlainTextEdit(this))
+    , m_languageDetailLabel(new platform::DisclosureRow(this))
+    , m_notesField(new ToolbarTextField(this))
     , m_copySwitch(new QCheckBox(QStringLiteral("Import code from the clipboard"), this)) {
     setTitle(m_snippet ? QStringLiteral("Edit Snippet") : QStringLiteral("New Snippet"));
     setPreferredContentSize(preferredSize);
-    using Look = platform::BarButtonItem::Look;
-    navigationItem().addLeading(
-        std::make_unique<platform::BarButtonItem>(Look{{}, QStringLiteral("Cancel")}, [this] { dismiss(); }));
-    navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
-        Look{{}, QStringLiteral("Save"), Look::Weight::Prominent}, [this] { save(); }));
-
+    setFocusProxy(m_nameField);
+    addBarButtons();
     m_nameField->setPlaceholderText(QStringLiteral("Name"));
     m_nameField->setAccessibleName(QStringLiteral("Name"));
-    connect(m_nameField, &QLineEdit::returnPressed, this, &SnippetDetailsViewController::save);
-    setFocusProxy(m_nameField);
+    connect(m_nameField, &QLineEdit::returnPressed, this, &SnippetDetailsViewController::didTapSave);
     m_notesField->setPlaceholderText(QStringLiteral("Notes"));
     m_notesField->setAccessibleName(QStringLiteral("Notes"));
-    m_notesField->setTabChangesFocus(true);
-    connect(m_languageRow, &QAbstractButton::clicked, this, &SnippetDetailsViewController::pickLanguage);
+    m_languageDetailLabel->setAccessibleName(QStringLiteral("Language"));
+    connect(m_languageDetailLabel, &QAbstractButton::clicked, this,
+            &SnippetDetailsViewController::pickLanguage);
 
+    auto* form = new platform::GroupedForm(this);
+    auto& details = form->addSection({});
+    addRow(details, QStringLiteral("&Name"), m_nameField);
+    addRow(details, QStringLiteral("&Language"), m_languageDetailLabel);
+    addRow(details, QStringLiteral("N&otes"), m_notesField);
+    form->addSection({}).addWidget(m_copySwitch);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 10, 16, 16);
-    column->setSpacing(8);
-    const std::pair<QString, QWidget*> rows[] = {{QStringLiteral("&Name"), m_nameField},
-                                                 {QStringLiteral("&Language"), m_languageRow},
-                                                 {QStringLiteral("N&otes"), m_notesField}};
-    for (const auto& [text, widget] : rows) {
-        column->addWidget(caption(text, widget));
-        column->addWidget(widget);
-    }
-    column->addSpacing(4);
-    column->addWidget(m_copySwitch);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(form);
+    column->addWidget(m_spinner, 0, Qt::AlignHCenter);
+    m_spinner->hide();
+}
 
+void SnippetDetailsViewController::addBarButtons() {
+    using Look = platform::BarButtonItem::Look;
+    navigationItem().addLeading(std::make_unique<platform::BarButtonItem>(Look{{}, QStringLiteral("Cancel")},
+                                                                          [this] { didClose(); }));
+    m_saveButton = &navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
+        Look{{}, QStringLiteral("Save"), Look::Weight::Prominent}, [this] { didTapSave(); }));
+}
+
+void SnippetDetailsViewController::viewDidLoad() {
+    ViewController::viewDidLoad();
+    fillIn();
+}
+
+void SnippetDetailsViewController::viewDidAppear(platform::Animated animated) {
+    ViewController::viewDidAppear(animated);
+    m_nameField->setFocus();
+}
+
+void SnippetDetailsViewController::fillIn() {
     if (m_snippet) {
         m_nameField->setText(m_snippet->title());
-        m_notesField->setPlainText(m_snippet->notes());
-        showLanguage(m_snippet->language().value_or(QString()));
+        m_notesField->setText(m_snippet->notes());
+        didSelectOption(m_snippet->language().value_or(QString()));
         m_openedTitle = m_nameField->text();
-        m_openedNotes = m_notesField->toPlainText();
+        m_openedNotes = m_notesField->text();
         m_openedLanguage = m_language;
     } else {
-        showLanguage(UserSettings::shared().lastLanguage.value().value_or(QString()));
+        didSelectOption(startLanguage ? labelOf(*startLanguage)
+                                      : UserSettings::shared().lastLanguage.value().value_or(QString()));
     }
 }
 
-void SnippetDetailsViewController::showLanguage(const QString& language) {
+void SnippetDetailsViewController::didSelectOption(const QString& language) {
     m_language = language;
-    m_languageRow->setText(isEmpty(language) ? QStringLiteral("Choose a language") : language);
-    m_languageRow->setAccessibleName(QStringLiteral("Language"));
-    m_languageRow->setAccessibleDescription(language);
+    m_languageDetailLabel->setText(isEmpty(language) ? QStringLiteral("Choose a language") : language);
+    m_languageDetailLabel->setAccessibleDescription(language);
 }
 
 void SnippetDetailsViewController::pickLanguage() {
-    auto list = std::make_unique<ListWithSelectionViewController>(QStringLiteral("Language"), languages(),
-                                                                  m_language);
-    list->onSelect = [this](const QString& language) { showLanguage(language); };
+    auto list = std::make_unique<ListWithSelectionViewController>(
+        QStringLiteral("Language"), Languages::shared().languages(), m_language);
+    list->delegate = this;
     navigationController()->pushViewController(std::move(list));
 }
 
@@ -107,35 +137,43 @@ std::optional<QString> SnippetDetailsViewController::importedCode() const {
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
-void SnippetDetailsViewController::writeChanges() {
-    if (m_nameField->text() != m_openedTitle) m_snippet->setTitle(m_nameField->text());
-    if (m_language != m_openedLanguage) m_snippet->setLanguage(m_language);
-    const QString notes = m_notesField->toPlainText();
-    if (notes == m_openedNotes) return;
-    m_snippet->setNotes(Segment::mergeTyped(*m_snippet, m_openedNotes, m_snippet->notes(), notes));
-}
-
-void SnippetDetailsViewController::save() {
-    const QString title = m_nameField->text();
-    if (isEmpty(title) || isEmpty(m_language)) {
+void SnippetDetailsViewController::didTapSave() {
+    if (isEmpty(m_nameField->text()) || isEmpty(m_language)) {
         showAlert(*this, QStringLiteral("You need a title and language selected to create a snippet."));
         return;
     }
-    const bool isNew = !m_snippet;
-    if (isNew) {
-        m_snippet = Snippet::create(title, m_notesField->toPlainText(), QStringLiteral(""), m_language);
-    } else {
-        writeChanges();
-    }
+    m_saveButton->setEnabled(false);
+    m_spinner->show();
+    m_spinner->startAnimating();
+    if (m_snippet)
+        edit();
+    else
+        create();
+}
+
+void SnippetDetailsViewController::edit() {
+    writeChanges();
     if (const auto code = importedCode()) m_snippet->setCode(*code);
-    SnippetService().save(m_snippet);
-    if (isNew) {
-        UserSettings::shared().lastLanguage.set(m_language);
-        if (delegate) delegate->didCreate(m_snippet);
-    } else {
-        if (editDelegate) editDelegate->didEdit(m_snippet);
-        dismiss();
-    }
+    SnippetService::shared().save(m_snippet);
+    if (editDelegate) editDelegate->didEdit(m_snippet);
+    dismiss();
+}
+
+void SnippetDetailsViewController::create() {
+    m_snippet = Snippet::create(m_nameField->text(), m_notesField->text(), QStringLiteral(""), m_language);
+    if (const auto code = importedCode()) m_snippet->setCode(*code);
+    SnippetService::shared().save(m_snippet);
+    const QString language = m_language; // the delegate takes the form away
+    if (delegate) delegate->didCreate(m_snippet);
+    UserSettings::shared().lastLanguage.set(language);
+}
+
+void SnippetDetailsViewController::writeChanges() {
+    if (m_nameField->text() != m_openedTitle) m_snippet->setTitle(m_nameField->text());
+    if (m_language != m_openedLanguage) m_snippet->setLanguage(m_language);
+    const QString notes = m_notesField->text();
+    if (notes == m_openedNotes) return;
+    m_snippet->setNotes(Segment::mergeTyped(*m_snippet, m_openedNotes, m_snippet->notes(), notes));
 }
 
 } // namespace quillet

@@ -1,26 +1,38 @@
 #include "Quillet/screens/editor/SnippetViewController.h"
 
+#include "Halcyonix/KeyboardAccessory.h"
 #include "Quillet/browsing/SelectionNavigationController.h"
 #include "Quillet/browsing/TagSelectionView.h"
+#include "Quillet/controls/ModalTextFieldHost.h"
+#include "Quillet/controls/QuilletNavigationBar.h"
+#include "Quillet/controls/SelfSizingHostingController.h"
 #include "Quillet/controls/SnippetNavigationController.h"
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/KeyStore.h"
-#include "Quillet/core/Segment.h"
 #include "Quillet/core/SnippetService.h"
-#include "Quillet/screens/details/Languages.h"
-#include "Quillet/screens/details/ListWithSelectionViewController.h"
+#include "Quillet/core/UserSettings.h"
+#include "Quillet/screens/AlertMaker.h"
+#include "Quillet/screens/code/CodeFont.h"
 #include "Quillet/screens/details/SnippetDetailsViewController.h"
+#include "Quillet/screens/editor/MoreMenu.h"
 #include "platform/foundation/DateFormats.h"
-#include "platform/screens/appearance/Symbol.h"
+#include "platform/foundation/FatalError.h"
+#include "platform/foundation/MainQueue.h"
+#include "platform/foundation/NotificationCenter.h"
+#include "platform/screens/controllers/AlertController.h"
+#include "platform/screens/controllers/NavigationController.h"
+#include "platform/screens/controllers/SplitViewController.h"
+#include "platform/screens/controls/ActivityIndicator.h"
+#include "platform/screens/controls/SymbolButton.h"
+#include "platform/screens/sharing/ActivityViewController.h"
+#include "platform/screens/sharing/ScreenImage.h"
+#include "platform/screens/text/FindBar.h"
 
-#include <QtGui/QFontDatabase>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QScroller>
-#include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
 
-#include <algorithm>
+#include <source_location>
 
 namespace quillet {
 
@@ -31,188 +43,341 @@ using namespace std::chrono_literals;
 
 const QString emptyText =
     QStringLiteral("Enter text here to start creating a snippet, or select one from the list.");
+const QString placeholder = QStringLiteral("// Tap to add code");
 const QString unreadableText =
     QStringLiteral("The text of this snippet cannot be read: %1. Select it again to try again.");
-const QString placeholder = QStringLiteral("// Tap to add code");
+const QString defaultLanguage = QStringLiteral("swift");
 
 constexpr auto autoSaveInterval = 20s;
-constexpr qreal codePointSize = 14.0 * 72 / 96; // 14 points of the screen, of which there are 96 to the inch
+constexpr QSize languagePickerSize(375, 375); // points
 
-// The value is what is read on the button; the name says of what.
-void showValue(QToolButton* chip, const QString& value) {
-    chip->setText(value);
-    chip->setAccessibleDescription(value);
+QString now() {
+    return platform::shortDateTime(QDateTime::currentDateTime());
 }
 
-QToolButton* chip(const QString& symbol, const QString& name, QWidget* parent) {
-    auto* button = new QToolButton(parent);
-    button->setIcon(platform::symbolIcon(symbol, Asset::Accent));
-    button->setIconSize({16, 16});
-    button->setMinimumSize(44, 44);
-    button->setAutoRaise(true);
-    button->setAccessibleName(name);
-    button->setToolTip(name);
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    return button;
+// For the saves that have no way back: what is on screen would not be what is stored any more.
+void saveOrStop(const std::source_location& place = std::source_location::current()) {
+    const auto saved = CoreDataStack::shared().viewContext().save();
+    if (saved) return;
+    const std::string where = std::string(place.file_name()) + ":" + std::to_string(place.line());
+    platform::fatalError(
+        where + ": a change of a segment could not be saved: " + saved.error().message.toStdString());
 }
 
 } // namespace
 
 SnippetViewController::SnippetViewController(QWidget* parent)
     : ViewController(parent)
-    , m_notesLabel(new QLabel(this))
-    , m_languageButton(chip(QStringLiteral("doc.text.fill"), QStringLiteral("Language"), this))
-    , m_themeButton(chip(QStringLiteral("paintpalette.fill"), QStringLiteral("Theme"), this))
-    , m_textView(new platform::TextView(this))
+    , m_fakeNavigationBar(new QuilletNavigationBar(this))
+    , m_snippetInfoContainer(new QWidget(this))
+    , m_languageButton(new FancyButton(this))
+    , m_pickLanguageButton(new platform::SymbolButton(QStringLiteral("chevron.down"),
+                                                      QStringLiteral("Pick Language"), Asset::Accent, this))
+    , m_themeButton(new FancyButton(this))
+    , m_activityIndicator(new platform::ActivityIndicator(this))
+    , m_textViewContainer(new QWidget(this))
+    , m_textView(new platform::TextView(m_textViewContainer))
     , m_textStorage(new CodeAttributedString(*m_textView))
+    , m_text(*m_textView, CoreDataStack::shared().viewContext())
+    , m_highlight(m_textStorage->highlightr())
     , m_timer(platform::Timer::Kind::Repeating, autoSaveInterval, [this] { autoSave(); }) {
+    m_findBar = new platform::FindBar(*m_textView, m_textViewContainer);
     m_textStorage->setParent(this);
-    m_textView->setFrameShape(QFrame::NoFrame);
-    m_textView->setAccessibleName(QStringLiteral("Code"));
-    m_textView->document()->setDocumentMargin(16);
-    m_textView->setCursorWidth(2);
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setPointSizeF(codePointSize);
-    m_textStorage->setCodeFont(font);
-    QScroller::grabGesture(m_textView->viewport(), QScroller::TouchGesture);
-
+    m_currentTheme = KeyStore::shared().codeTheme();
     addBarButtons();
     layOutViews();
-    connect(m_languageButton, &QToolButton::clicked, this, &SnippetViewController::presentLanguages);
-    connect(m_themeButton, &QToolButton::clicked, this, &SnippetViewController::presentThemes);
-
+    setUpText();
     m_changes = CoreDataStack::shared().viewContext().onChange(
         [this](const platform::ContextChanges& changes) { takeChanges(changes); });
-    setTheme(KeyStore::shared().codeTheme());
-    m_timer.start();
-    setSnippet(nullptr);
 }
 
+SnippetViewController::~SnippetViewController() = default;
+
 void SnippetViewController::addBarButtons() {
-    using Look = platform::BarButtonItem::Look;
-    auto save = std::make_unique<platform::BarButtonItem>(
-        Look{QStringLiteral("square.arrow.down"), QStringLiteral("Save")},
-        [this] { saveContents(Silent::No); });
-    save->setShortcut(QKeySequence::Save);
-    navigationItem().addTrailing(std::move(save));
-    m_editButton = &navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
-        Look{QStringLiteral("rectangle.and.pencil.and.ellipsis"), QStringLiteral("Edit Details")},
-        [this] { presentDetails(); }));
-    m_tagButton = &navigationItem().addTrailing(std::make_unique<platform::BarButtonItem>(
-        Look{QStringLiteral("tag.fill"), QStringLiteral("Tags")}, [this] { presentTags(); }));
+    using platform::BarButtonItem;
+    const auto add = [this](const QString& symbol, const QString& name, std::function<void()> action) {
+        return &navigationItem().addTrailing(
+            std::make_unique<BarButtonItem>(BarButtonItem::Look{symbol, name}, std::move(action)));
+    };
+    m_moreButton = add(QStringLiteral("ellipsis.circle"), QStringLiteral("More"), {});
+    m_saveButton = add(QStringLiteral("square.arrow.down"), QStringLiteral("Save"),
+                       [this] { saveContents(Silent::No); });
+    m_saveButton->setShortcut(QKeySequence::Save);
+    m_editButton = add(QStringLiteral("rectangle.and.pencil.and.ellipsis"), QStringLiteral("Edit Details"),
+                       [this] { editTapped(); });
+    m_findButton = add(QStringLiteral("search"), QStringLiteral("Find"), [this] { find(); });
+    m_findButton->setShortcut(QKeySequence::Find);
+    m_fakeNavigationBar->showItem(navigationItem(), std::nullopt);
 }
 
 void SnippetViewController::layOutViews() {
-    m_notesLabel->setTextFormat(Qt::PlainText);
-    m_notesLabel->setForegroundRole(QPalette::PlaceholderText);
-    m_notesLabel->setWordWrap(true);
-    auto* chips = new QHBoxLayout;
-    chips->setContentsMargins(8, 0, 12, 6);
-    chips->addWidget(m_languageButton);
-    chips->addWidget(m_themeButton);
-    chips->addStretch();
+    m_languageButton->setSymbol(QStringLiteral("doc.text.fill"));
+    m_languageButton->setSecondaryText(QStringLiteral("Language"));
+    m_themeButton->setSymbol(QStringLiteral("paintpalette.fill"));
+    m_themeButton->setSecondaryText(QStringLiteral("Theme"));
+    m_themeButton->setMainText(m_currentTheme);
+    m_languageButton->delegate = this;
+    m_themeButton->delegate = this;
+    connect(m_pickLanguageButton, &QAbstractButton::clicked, this,
+            &SnippetViewController::presentLanguagePicker);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->setContentsMargins(16, 4, 16, 10);
+    buttons->setSpacing(10);
+    buttons->addWidget(m_languageButton);
+    buttons->addWidget(m_pickLanguageButton);
+    buttons->addWidget(m_themeButton);
+    buttons->addStretch();
+    buttons->addWidget(m_activityIndicator);
+
+    auto* text = new QVBoxLayout(m_textViewContainer);
+    text->setContentsMargins(0, 0, 0, 0);
+    text->setSpacing(0);
+    text->addWidget(m_findBar);
+    text->addWidget(m_textView, 1);
+
+    auto* info = new QVBoxLayout(m_snippetInfoContainer);
+    info->setContentsMargins(0, 0, 0, 0);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
-    column->addWidget(m_notesLabel);
-    column->addLayout(chips);
-    column->addWidget(m_textView, 1);
-    m_notesLabel->setContentsMargins(16, 0, 16, 0);
+    column->setSpacing(0);
+    column->addWidget(m_fakeNavigationBar);
+    column->addWidget(m_snippetInfoContainer);
+    column->addLayout(buttons);
+    column->addWidget(m_textViewContainer, 1);
+}
+
+void SnippetViewController::setUpText() {
+    m_textView->setFrameShape(QFrame::NoFrame);
+    m_textView->setAccessibleName(QStringLiteral("Code"));
+    m_textView->document()->setDocumentMargin(16);
+    m_textView->setInputMethodHints(Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText |
+                                    Qt::ImhPreferLowercase);
+    QScroller::grabGesture(m_textView->viewport(), QScroller::TouchGesture);
+    m_textView->installEventFilter(this);
+    connect(m_textView, &QPlainTextEdit::textChanged, this, &SnippetViewController::textChanged);
+    // Closes the on-screen keyboard by giving up the focus.
+    new halcyonix::KeyboardAccessory(*m_textView, Asset::Accent);
+    m_textStorage->setLanguage(m_selectedLanguage.value_or(defaultLanguage));
+    setupFontsThemeAndColors();
+}
+
+void SnippetViewController::viewDidLoad() {
+    ViewController::viewDidLoad();
+    m_timer.start();
+    autoSave();
+    m_reloads = platform::NotificationCenter::defaultCenter().addObserver(
+        reloadTextViewNotification, [this](const auto&) { setupFontsThemeAndColors(); });
+    if (m_snippet) {
+        load();
+    } else {
+        m_textStorage->setAttributedString({emptyText, {}});
+        m_languageButton->hide();
+        m_pickLanguageButton->hide();
+        m_editButton->setEnabled(false);
+        m_moreButton->setEnabled(false);
+        m_saveButton->setEnabled(false);
+    }
+    refreshInfo();
+}
+
+void SnippetViewController::viewWillAppear(platform::Animated animated) {
+    ViewController::viewWillAppear(animated);
+    m_moreButton->setMenu(moreMenu({.editDetails = [this] { editTapped(); },
+                                    .remove = [this] { deleteTapped(); },
+                                    .shareImage = [this] { shareImage(); },
+                                    .shareText = [this] { shareText(); }}));
+    showBar(platform::horizontalSizeClass(*this));
+}
+
+void SnippetViewController::viewDidAppear(platform::Animated animated) {
+    ViewController::viewDidAppear(animated);
+    showBar(platform::horizontalSizeClass(*this));
+}
+
+// Beside the list the screen has a bar of its own; by itself it needs the way back.
+void SnippetViewController::showBar(platform::SizeClass sizeClass) {
+    const bool isCompact = sizeClass == platform::SizeClass::Compact;
+    if (auto* navigation = navigationController()) navigation->setNavigationBarHidden(!isCompact);
+    m_fakeNavigationBar->setVisible(!isCompact);
 }
 
 void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
-    m_snippet = std::move(snippet);
-    const bool present = m_snippet != nullptr;
-    m_editButton->setEnabled(present);
-    m_tagButton->setEnabled(present);
-    m_languageButton->setVisible(present);
-    showDescription();
-    const auto code = present ? m_snippet->readCode() : QString();
-    // What cannot be read now must not be written over later.
-    m_textView->setEnabled(code.has_value());
-    m_textView->setPlaceholderText(!code     ? unreadableText.arg(code.error().message)
-                                   : present ? placeholder
-                                             : emptyText);
-    m_knownCode = code.value_or(QString());
-    m_textView->setText(m_knownCode);
-    if (present) m_selectedLanguage = m_snippet->language().value_or(QString());
-    showValue(m_languageButton, m_selectedLanguage);
-    m_textStorage->setLanguage(m_selectedLanguage.isEmpty() ? std::nullopt
-                                                            : std::optional(m_selectedLanguage));
+    if (snippet) {
+        m_text.write();
+        m_snippet = std::move(snippet);
+        load();
+    } else if (m_snippet) {
+        m_text.abandon(*m_snippet);
+        m_snippet.reset();
+        showNoSnippet();
+    }
 }
 
-void SnippetViewController::showDescription() {
-    setTitle(m_snippet ? m_snippet->title() : QString());
-    m_notesLabel->setText(m_snippet ? m_snippet->notes() : QString());
-    m_notesLabel->setVisible(!m_notesLabel->text().isEmpty());
+void SnippetViewController::showNoSnippet() {
+    m_highlight.cancel();
+    m_text.leave();
+    m_selectedSegment.reset();
+    m_activityIndicator->stopAnimating();
+    for (auto* button : {m_moreButton, m_editButton, m_saveButton})
+        button->setEnabled(false);
+    m_languageButton->hide();
+    m_pickLanguageButton->hide();
+    m_screenTitle = QString();
+    setTitle(QString());
+    refreshInfo();
+    m_textView->setEnabled(true);
+    m_textView->setReadOnly(false);
+    m_textView->setPlaceholderText(emptyText);
+    m_textStorage->setAttributedString({m_textView->hasFocus() ? QString() : emptyText, {}});
+}
+
+void SnippetViewController::load() {
+    m_languageButton->show();
+    m_pickLanguageButton->show();
+    setTitle(m_snippet->title());
+    m_text.leave();
+    m_textStorage->setAttributedString({});
+    m_activityIndicator->startAnimating();
+    setSelectedLanguage(m_snippet->language());
+    for (auto* button : {m_moreButton, m_editButton, m_saveButton})
+        button->setEnabled(true);
+    m_selectedSegment.reset();
+    loadCode(CodeOwner(m_snippet));
+    m_highlight.repeat();
+    refreshInfo();
+}
+
+void SnippetViewController::loadCode(const CodeOwner& owner) {
+    m_text.leave();
+    m_textView->setReadOnly(true); // what is typed now would be overwritten
+    const auto code = owner.readCode();
+    if (!code) {
+        showUnreadable(code.error().message);
+        return;
+    }
+    m_textView->setEnabled(true);
+    m_textView->setPlaceholderText(code->isEmpty() && !owner.segment() ? emptyText : placeholder);
+    m_highlight.start(*code,
+                      [this, owner](const platform::AttributedString& coloured) { arrive(owner, coloured); });
+}
+
+// First the text, then nothing but its colours: what was typed into it meanwhile stays.
+void SnippetViewController::arrive(const CodeOwner& owner, const platform::AttributedString& code) {
+    if (m_text.owner() == owner) {
+        if (!m_textView->document()->isModified() && m_textView->text() == code.string)
+            m_textStorage->setAttributedString(code);
+        return;
+    }
+    m_textView->setPlaceholderText(placeholder);
+    m_activityIndicator->stopAnimating();
+    m_textStorage->setAttributedString(code);
+    m_text.begin(owner, code.string);
+    m_textView->setReadOnly(false);
+}
+
+// What cannot be read now must not be written over later.
+void SnippetViewController::showUnreadable(const QString& reason) {
+    m_highlight.cancel();
+    m_activityIndicator->stopAnimating();
+    m_textStorage->setAttributedString({});
+    m_textView->setEnabled(false);
+    m_textView->setPlaceholderText(unreadableText.arg(reason));
 }
 
 void SnippetViewController::takeChanges(const platform::ContextChanges& changes) {
-    if (std::ranges::find(changes.updated, m_snippet) == changes.updated.end()) return;
-    showDescription();
-    if (const auto language = m_snippet->language(); language && *language != m_selectedLanguage) {
-        m_selectedLanguage = *language;
-        showValue(m_languageButton, m_selectedLanguage);
-        m_textStorage->setLanguage(m_selectedLanguage);
-    }
-    // What could not be read at first stays closed until the snippet is selected again.
-    if (const auto code = m_snippet->readCode(); code && m_textView->isEnabled()) takeText(*code);
+    m_text.takeChanges(changes);
+    if (!m_snippet || std::ranges::find(changes.updated, m_snippet) == changes.updated.end()) return;
+    setTitle(m_snippet->title());
+    if (const auto language = m_snippet->language(); language && language != m_selectedLanguage)
+        setSelectedLanguage(language);
 }
 
-// Another device, or another window, has written the text on screen.
-void SnippetViewController::takeText(const QString& code) {
-    if (code == m_knownCode) return;
-    if (!m_textView->document()->isModified()) {
-        m_textView->updateText(code);
-        m_textView->document()->setModified(false);
-    } else if (const QString typed = m_textView->text(); typed != code) {
-        m_textView->updateText(Segment::mergeTyped(*m_snippet, m_knownCode, code, typed));
-    }
-    m_knownCode = code;
+bool SnippetViewController::isLoading() const {
+    return m_activityIndicator->isAnimating();
+}
+
+bool SnippetViewController::isShowingHint() const {
+    const QString text = m_textView->text();
+    return text == emptyText || text == placeholder;
 }
 
 void SnippetViewController::saveContents(Silent silent) {
-    if (!m_snippet) createFromText();
+    if (isShowingHint()) return;
+    if (!m_snippet) createOnSave();
     if (!m_snippet) return;
-    // A text that nobody touched here may have a newer one in the store.
-    if (m_textView->document()->isModified()) writeText();
-    CoreDataStack::shared().save(SaveReason::AddedSnippet);
-    if (silent == Silent::Yes) return;
-    if (delegate) delegate->didEdit(m_snippet);
-}
-
-void SnippetViewController::writeText() {
-    if (m_snippet->context()) {
-        // Of what it cannot read now it does not know whether the text on screen is made from it.
-        const auto stored = m_snippet->readCode();
-        if (!stored) return;
-        takeText(*stored);
-    }
-    m_knownCode = m_textView->text();
-    m_snippet->setCode(m_knownCode);
-    m_textView->document()->setModified(false);
-    // Deleted elsewhere meanwhile, it comes back with what was typed into it.
-    if (!m_snippet->context()) SnippetService().save(m_snippet);
-}
-
-void SnippetViewController::createFromText() {
-    if (m_textView->document()->isEmpty()) return;
-    m_snippet = Snippet::create(QStringLiteral("New Snippet - ") +
-                                    platform::shortDateTime(QDateTime::currentDateTime()),
-                                m_notesLabel->text(), m_textView->text(), m_selectedLanguage);
-    m_knownCode = m_textView->text();
+    m_text.write();
+    m_saveButton->setEnabled(true);
     m_editButton->setEnabled(true);
-    m_tagButton->setEnabled(true);
-    m_languageButton->setVisible(true);
-    setTitle(m_snippet->title());
+    CoreDataStack::shared().save(SaveReason::AddedSnippet);
+    if (silent == Silent::No) tellEdit();
 }
 
+void SnippetViewController::tellEdit() {
+    platform::dispatchToMain([self = QPointer(this), snippet = m_snippet] {
+        if (self && self->delegate) self->delegate->didEdit(snippet);
+    });
+}
+
+void SnippetViewController::createOnSave() {
+    const QString text = m_textView->text();
+    if (text.isEmpty() || m_screenTitle == QString()) return;
+    if (!m_selectedLanguage) {
+        showAlert(*this, QStringLiteral("You must have a language selected to save a snippet."));
+        return;
+    }
+    adoptNew(Snippet::create(m_screenTitle.value_or(QStringLiteral("New Snippet - ") + now()), QString(),
+                             text, *m_selectedLanguage));
+}
+
+// The first key typed after a snippet was taken off the screen.
+void SnippetViewController::createOnTyping() {
+    const QString text = m_textView->text();
+    if (text.isEmpty() || text == emptyText || !m_screenTitle) return;
+    adoptNew(Snippet::create(*m_screenTitle, QStringLiteral("Notes: Snippet created at ") + now(), text,
+                             m_selectedLanguage.value_or(defaultLanguage)));
+}
+
+// The text on screen is the new snippet's already, and stays with the caret in it.
+void SnippetViewController::adoptNew(std::shared_ptr<Snippet> snippet) {
+    m_snippet = std::move(snippet);
+    m_text.adopt(CodeOwner(m_snippet));
+    m_textView->setPlaceholderText(placeholder);
+    setTitle(m_snippet->title());
+    m_languageButton->show();
+    m_pickLanguageButton->show();
+    for (auto* button : {m_moreButton, m_editButton, m_saveButton})
+        button->setEnabled(true);
+    setSelectedLanguage(m_snippet->language());
+    refreshInfo();
+}
+
+// With a segment on screen whose text is not the snippet's this saves each time.
 void SnippetViewController::autoSave() {
+    if (!m_snippet) return;
+    const QString text = m_textView->text();
+    const bool differs =
+        (m_selectedSegment && m_selectedSegment->code() != text) || m_snippet->code() != text;
     // A save that failed has left its changes pending.
-    const bool isUnsaved =
-        m_textView->document()->isModified() || CoreDataStack::shared().viewContext().hasChanges();
-    if (m_snippet && isUnsaved) saveContents(Silent::No);
+    if (differs || m_text.isUnwritten() || CoreDataStack::shared().viewContext().hasChanges())
+        saveContents(Silent::No);
+}
+
+bool SnippetViewController::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_textView && event->type() == QEvent::FocusIn) beginEditing();
+    return ViewController::eventFilter(watched, event);
+}
+
+void SnippetViewController::beginEditing() {
+    if (isShowingHint()) m_textStorage->setAttributedString({});
+}
+
+void SnippetViewController::textChanged() {
+    if (m_snippet) return;
+    createOnTyping();
+    // A fresh screen waits for Save.
+    m_saveButton->setEnabled(m_snippet || !(m_textView->document()->isEmpty() || isShowingHint()));
 }
 
 void SnippetViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {
@@ -220,52 +385,195 @@ void SnippetViewController::didEdit(const std::shared_ptr<Snippet>& snippet) {
     if (delegate) delegate->didEdit(snippet);
 }
 
-void SnippetViewController::presentDetails() {
+void SnippetViewController::editTapped() {
     saveContents(Silent::Yes); // the form may replace the code, and it reloads this screen
     auto details = std::make_unique<SnippetDetailsViewController>(m_snippet);
     details->editDelegate = this;
     present(std::make_unique<SnippetNavigationController>(std::move(details)));
 }
 
-void SnippetViewController::presentTags() {
+void SnippetViewController::deleteTapped() {
+    if (!m_snippet) return;
+    m_text.abandon(*m_snippet);
+    SnippetService::shared().remove(*m_snippet);
+    CoreDataStack::shared().viewContext().deleteObject(*m_snippet);
+    platform::dispatchToMain([self = QPointer(this), deleted = m_snippet] {
+        if (!self || self->m_snippet != deleted) return;
+        self->setSnippet(nullptr);
+        if (auto* split = self->splitViewController(); split && split->isCollapsed())
+            split->showColumn(platform::SplitViewController::Column::Primary);
+    });
+}
+
+void SnippetViewController::find() {
+    m_findBar->open();
+}
+
+void SnippetViewController::setSelectedLanguage(const std::optional<QString>& language) {
+    m_selectedLanguage = language;
+    const QString shown = language.value_or(defaultLanguage);
+    if (m_snippet) m_snippet->setLanguage(shown);
+    m_languageButton->setMainText(shown);
+    m_textStorage->setLanguage(shown);
+}
+
+void SnippetViewController::didTap(FancyButton& button) {
+    const auto& ask = &button == m_languageButton ? onPickLanguage : onPickTheme;
+    if (ask) ask();
+}
+
+void SnippetViewController::presentLanguagePicker() {
+    auto picker = std::make_unique<LanguagePickerViewController>();
+    picker->delegate = this;
+    picker->setSelectedLanguage(m_snippet ? m_snippet->language() : std::nullopt);
+    picker->setTitle(QStringLiteral("Pick Language"));
+    picker->navigationItem().addLeading(std::make_unique<platform::BarButtonItem>(
+        platform::BarButtonItem::Look{{}, QStringLiteral("Close")}, [this] { dismiss(); }));
+    auto navigation = std::make_unique<SnippetNavigationController>(std::move(picker));
+    navigation->setPreferredContentSize(languagePickerSize);
+    navigation->modalPresentationStyle = platform::ModalPresentationStyle::Popover;
+    const QRect button = m_languageButton->geometry();
+    navigation->popoverAnchor = {
+        .view = this, .rect = QRect(button.center().x(), button.bottom() + 1, 0, 0), .arrow = Qt::TopEdge};
+    present(std::move(navigation));
+}
+
+void SnippetViewController::didPickLanguage(const QString& language) {
+    setSelectedLanguage(language);
+    if (!m_snippet) return;
+    SnippetService::shared().save(m_snippet);
+    tellEdit();
+}
+
+void SnippetViewController::setTheme(const QString& theme) {
+    m_currentTheme = theme;
+    m_themeButton->setMainText(theme);
+    setupFontsThemeAndColors();
+}
+
+void SnippetViewController::setupFontsThemeAndColors() {
+    m_textStorage->highlightr()->setTheme(m_currentTheme);
+    m_textStorage->setCodeFont(codeFont());
+    m_textStorage->themeChanged();
+}
+
+// What is typed and not written yet goes before what is stored.
+QString SnippetViewController::textToShare() const {
+    const QString shown = m_textView->text();
+    if (!shown.isEmpty()) return shown;
+    return m_snippet ? m_snippet->code() : QString();
+}
+
+void SnippetViewController::showShareFailure() {
+    platform::showAlert(*this, QStringLiteral("Quillet"), QStringLiteral("You must have some code to share."),
+                        QStringLiteral("OK"));
+}
+
+void SnippetViewController::shareText() {
+    const QString text = textToShare();
+    if (text.isEmpty())
+        showShareFailure();
+    else
+        presentShareSheet(text);
+}
+
+void SnippetViewController::shareImage() {
+    if (textToShare().isEmpty())
+        showShareFailure();
+    else
+        presentShareSheet(platform::imageOf(*m_textView));
+}
+
+void SnippetViewController::presentShareSheet(std::variant<QString, QImage> content) {
+    const QString title = m_snippet ? m_snippet->title() : QString();
+    auto sheet = std::make_unique<platform::ActivityViewController>(
+        platform::ShareItem{std::move(content), title, m_selectedLanguage.value_or(defaultLanguage)});
+    const auto& bar =
+        m_fakeNavigationBar->isVisible() ? *m_fakeNavigationBar : navigationController()->navigationBar();
+    auto* anchor = bar.buttonOf(*m_moreButton);
+    sheet->modalPresentationStyle = platform::ModalPresentationStyle::Popover;
+    sheet->popoverAnchor = {.view = anchor, .rect = anchor->rect(), .arrow = Qt::TopEdge};
+    present(std::move(sheet));
+}
+
+void SnippetViewController::refuseDrop(const QString& reason) {
+    showAlert(*this, reason);
+}
+
+SnippetInfoCallbacks SnippetViewController::infoCallbacks() {
+    using Chosen = std::shared_ptr<Segment>;
+    return {.onEditTags = [this] { showTags(); },
+            .onAddSegment = [this] { return addSegment(); },
+            .onSelectSegment = [this](const Chosen& segment) { selectSegment(segment); },
+            .onDeleteSegment = [this](const Chosen& segment) { deleteSegment(segment); },
+            .onRenameSegment = [this](const Chosen& segment) { renameSegment(segment); }};
+}
+
+// Without a snippet the model keeps the last one, which is not shown.
+void SnippetViewController::refreshInfo() {
+    m_snippetInfoContainer->setVisible(m_snippet != nullptr);
+    if (m_snippetInfoViewModel) {
+        if (m_snippet) m_snippetInfoViewModel->snippet.set(m_snippet);
+        return;
+    }
+    m_snippetInfoViewModel = std::make_shared<SnippetInfoViewModel>();
+    m_snippetInfoViewModel->snippet.set(m_snippet);
+    auto view = std::make_unique<SnippetInfoView>(m_snippetInfoViewModel, infoCallbacks());
+    view->onSizeClass = [this](platform::SizeClass sizeClass) { showBar(sizeClass); };
+    m_snippetInfoHostingController = new SelfSizingHostingController(std::move(view), m_snippetInfoContainer);
+    m_snippetInfoContainer->layout()->addWidget(m_snippetInfoHostingController);
+}
+
+void SnippetViewController::showTags() {
     if (!m_snippet) return;
     SelectionNavigationController::presentSheet(*this,
                                                 std::make_unique<TagSelectionView>(m_snippet, tagColors),
                                                 [] { CoreDataStack::shared().save(SaveReason::AddedTag); });
 }
 
-void SnippetViewController::presentLanguages() {
-    auto list = std::make_unique<ListWithSelectionViewController>(QStringLiteral("Language"), languages(),
-                                                                  m_selectedLanguage);
-    list->onSelect = [this](const QString& language) { selectLanguage(language); };
-    present(std::make_unique<SnippetNavigationController>(std::move(list)));
+// The text before it is not written: it is set aside until the next save.
+std::shared_ptr<Segment> SnippetViewController::addSegment() {
+    if (!m_snippet) return nullptr;
+    auto& stack = CoreDataStack::shared();
+    const auto segment = std::make_shared<Segment>();
+    stack.viewContext().insert(segment);
+    const auto count = m_snippet->toMany(Snippet::Segments).size();
+    segment->setTitle(QStringLiteral("Segment %1").arg(count + 1));
+    segment->setToOne(Segment::OfSnippet, m_snippet.get());
+    stack.save(SaveReason::AddedSegment);
+    m_selectedSegment = segment;
+    loadCode(CodeOwner(m_snippet, segment));
+    return segment;
 }
 
-void SnippetViewController::selectLanguage(const QString& language) {
-    m_selectedLanguage = language;
-    showValue(m_languageButton, language);
-    m_textStorage->setLanguage(language);
+void SnippetViewController::selectSegment(const std::shared_ptr<Segment>& segment) {
     if (!m_snippet) return;
-    m_snippet->setLanguage(language);
-    SnippetService().save(m_snippet);
-    if (delegate) delegate->didEdit(m_snippet);
+    if (m_selectedSegment) m_text.writeShown();
+    m_selectedSegment = segment && segment->snippet() == m_snippet.get() ? segment : nullptr;
+    loadCode(m_selectedSegment ? CodeOwner(m_snippet, m_selectedSegment) : CodeOwner(m_snippet));
 }
 
-void SnippetViewController::presentThemes() {
-    auto list = std::make_unique<ListWithSelectionViewController>(
-        QStringLiteral("Theme"), platform::Highlightr::availableThemes(), m_currentTheme);
-    list->onSelect = [this](const QString& theme) {
-        setTheme(theme);
-        KeyStore::shared().setCodeTheme(theme);
-    };
-    present(std::make_unique<SnippetNavigationController>(std::move(list)));
+// Where it is the one on screen its text stays there, and is not the library's any more.
+void SnippetViewController::deleteSegment(const std::shared_ptr<Segment>& segment) {
+    if (!m_snippet || !segment) return;
+    m_text.abandon(*segment);
+    m_snippet->removeFromMany(Snippet::Segments, *segment);
+    segment->setToOne(Segment::OfSnippet, nullptr);
+    CoreDataStack::shared().viewContext().deleteObject(*segment);
+    saveOrStop();
 }
 
-void SnippetViewController::setTheme(const QString& theme) {
-    m_currentTheme = theme;
-    showValue(m_themeButton, theme);
-    m_textStorage->highlightr()->setTheme(theme);
-    m_textStorage->themeChanged();
+void SnippetViewController::renameSegment(const std::shared_ptr<Segment>& segment) {
+    if (!segment) return;
+    ModalTextFieldHost::present(*this,
+                                {.title = QStringLiteral("Segment"),
+                                 .prompt = QStringLiteral("Title"),
+                                 .placeholder = QStringLiteral("Title"),
+                                 .errorOnEmpty = QStringLiteral("You need a name for your segment.")},
+                                [segment](const QString& title) {
+                                    segment->setTitle(title);
+                                    saveOrStop();
+                                });
 }
 
 } // namespace quillet

@@ -24,6 +24,8 @@ Values valuesOf(Asset asset) {
         return {0xFFF1F2F6, 0xFF16171B};
     case Asset::Card:
         return {0xFFFFFFFF, 0xFF23252B};
+    case Asset::AshgroveWhite:
+        return {0xFFFCFCFE, 0xFF1E2026};
     case Asset::Separator:
         return {0xFFE1E3EA, 0xFF363943};
     case Asset::Selection:
@@ -56,6 +58,10 @@ Values valuesOf(Asset asset) {
         return {0xFF2561C8, 0xFF75A8FF};
     case Asset::IconColor:
         return {0xFF3C4252, 0xFFD3D6E0};
+    case Asset::ActiveOrange:
+        return {0xFFB85C00, 0xFFB85C00};
+    case Asset::KindaDarkThing:
+        return {0xFF5A5F6B, 0xFF6B7080};
     case Asset::GradientStart:
         return {0xFF1C6BF0, 0xFF2B5FC2};
     case Asset::GradientEnd:

@@ -10,6 +10,7 @@ enum class Asset {
     // What the rest stands on.
     BackgroundGrey, // behind everything
     Card,           // groups of rows, fields and sheets, on BackgroundGrey
+    AshgroveWhite,  // the cells of a table that is no card, on BackgroundGrey
     Selection,      // rows and buttons that are chosen, pressed or under the pointer
     Separator,      // lines and tracks between the above; says nothing by itself
 
@@ -34,6 +35,11 @@ enum class Asset {
     SystemGray,
     SystemBlack,
     IconColor,
+
+    // Under white text, on BackgroundGrey: chips that are active, and those that are not. The second frames
+    // buttons and chips, too.
+    ActiveOrange,
+    KindaDarkThing,
 
     // The ends of a gradient that carries white text.
     GradientStart,

@@ -348,8 +348,10 @@ void ListView::paintEvent(QPaintEvent* event) {
     const int top = offset + event->rect().top();
     const int bottom = offset + event->rect().bottom() + 1;
     for (const auto& card : rows().cardsBetween(top, bottom))
-        paintCard(painter, {cardMargin, card.top - offset, viewport()->width() - 2 * cardMargin,
-                            card.bottom - card.top});
+        paintCard(
+            painter,
+            {cardMargin, card.top - offset, viewport()->width() - 2 * cardMargin, card.bottom - card.top},
+            cardColor);
     for (const auto& row : rows().rowsBetween(top, bottom))
         paintRow(painter, row);
 }

@@ -80,6 +80,9 @@ public:
     // From the row's end inward; none where a row does not swipe. A full swipe takes the first.
     std::function<std::vector<SwipeAction>(const QModelIndex&)> swipeActions;
 
+    // What the groups of rows are painted on.
+    Asset cardColor = Asset::Card;
+
     // QAbstractItemView
     QRect visualRect(const QModelIndex& index) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;

@@ -85,8 +85,8 @@ Asset inkOf(RowStyle style) {
 
 } // namespace
 
-void paintCard(QPainter& painter, const QRect& card) {
-    fillRounded(painter, card, std::min<qreal>(cardRadius, card.height() / 2.0), color(Asset::Card));
+void paintCard(QPainter& painter, const QRect& card, Asset fill) {
+    fillRounded(painter, card, std::min<qreal>(cardRadius, card.height() / 2.0), color(fill));
 }
 
 void paintRow(QPainter& painter, const RowContent& content, const RowParts& parts, RowStyle style,

@@ -20,7 +20,7 @@ struct RowLook {
 };
 
 // The rounded ground that rows stand on.
-void paintCard(QPainter& painter, const QRect& card);
+void paintCard(QPainter& painter, const QRect& card, Asset fill);
 
 // The row without the card below it.
 void paintRow(QPainter& painter, const RowContent& content, const RowParts& parts, ListView::RowStyle style,

@@ -36,7 +36,7 @@ struct Pair {
 std::vector<Pair> pairs() {
     std::vector<Pair> pairs{{Asset::OnAccent, Asset::Accent, ofText},
                             {Asset::OnAccent, Asset::SystemRed, ofText}};
-    for (const Asset below : {Asset::BackgroundGrey, Asset::Card, Asset::Selection}) {
+    for (const Asset below : {Asset::BackgroundGrey, Asset::Card, Asset::AshgroveWhite, Asset::Selection}) {
         for (const Asset on :
              {Asset::Text, Asset::TextSecondary, Asset::Accent, Asset::HalcyonixBlue, Asset::SystemRed})
             pairs.push_back({on, below, ofText});
@@ -54,8 +54,12 @@ TEST(PaletteTest, EverythingIsSeenOnWhatItStandsOn) {
             EXPECT_GE(contrast(color(on, appearance), color(below, appearance)), least)
                 << "asset " << static_cast<int>(on) << " on " << static_cast<int>(below)
                 << (appearance == Appearance::Dark ? ", dark" : ", light");
-        for (const auto end : {Asset::GradientStart, Asset::GradientEnd})
-            EXPECT_GE(contrast(Qt::white, color(end, appearance)), ofText);
+        for (const auto below :
+             {Asset::GradientStart, Asset::GradientEnd, Asset::ActiveOrange, Asset::KindaDarkThing})
+            EXPECT_GE(contrast(Qt::white, color(below, appearance)), ofText);
+        EXPECT_GE(
+            contrast(color(Asset::KindaDarkThing, appearance), color(Asset::BackgroundGrey, appearance)),
+            ofSymbols);
     }
 }
 

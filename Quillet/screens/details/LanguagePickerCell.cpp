@@ -1,0 +1,21 @@
+#include "Quillet/screens/details/LanguagePickerCell.h"
+
+#include <QtWidgets/QVBoxLayout>
+
+namespace quillet {
+
+LanguagePickerCell::LanguagePickerCell(const QString& name, QWidget* parent)
+    : QWidget(parent)
+    , m_toggle(new QCheckBox(name, this)) {
+    m_toggle->setChecked(true);
+    connect(m_toggle, &QCheckBox::toggled, this, &LanguagePickerCell::didToggle);
+    auto* edges = new QVBoxLayout(this);
+    edges->setContentsMargins(0, 0, 0, 0);
+    edges->addWidget(m_toggle);
+}
+
+void LanguagePickerCell::didToggle() {
+    if (delegate) delegate->didToggle(*this);
+}
+
+} // namespace quillet
