@@ -8,8 +8,8 @@
 
 namespace quillet {
 
-// The life of the one window: makes it, and saves what is on screen when the window leaves the screen or the
-// session ends. Main thread.
+// The life of the one window: makes it where the last session had it, and saves what is on screen and where
+// that is when the window leaves the screen or the session ends. Main thread.
 class SceneDelegate : public QObject {
     Q_OBJECT
 
@@ -24,6 +24,8 @@ protected:
 
 private:
     void didEnterBackground();
+    void placeWindow();
+    void rememberPlace() const;
 
     std::unique_ptr<SnippetRootViewController> m_window;
 };

@@ -65,15 +65,20 @@ void SelectionView::pushForm() {
     auto form = makeForm(m_validColors);
     form->onSave = [this](const auto& item) {
         navigationController()->popViewController();
-        if (!m_snippet) return;
+        if (!isThere(item->context())) return;
         m_viewModel->assign(*m_snippet, *item);
         m_rows->refreshMarks();
     };
     navigationController()->pushViewController(std::move(form));
 }
 
+// Another device may delete the snippet, or the item, while the sheet is open.
+bool SelectionView::isThere(const platform::ManagedObjectContext* itemContext) const {
+    return m_snippet && m_snippet->context() && m_snippet->context() == itemContext;
+}
+
 void SelectionView::toggle(SelectionViewModel::Item& item) {
-    if (!m_snippet) return;
+    if (!isThere(item.context())) return;
     m_viewModel->toggle(*m_snippet, item);
     m_rows->refreshMarks();
 }

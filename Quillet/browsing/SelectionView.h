@@ -27,6 +27,7 @@ protected:
 private:
     void activate(const QModelIndex& index);
     void pushForm();
+    bool isThere(const platform::ManagedObjectContext* itemContext) const;
     void toggle(SelectionViewModel::Item& item);
     void remove(const std::shared_ptr<SelectionViewModel::Item>& item);
 

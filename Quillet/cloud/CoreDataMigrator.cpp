@@ -1,6 +1,6 @@
 #include "Quillet/cloud/CoreDataMigrator.h"
 
-#include "Quillet/core/Snippet.h"
+#include "Quillet/cloud/LegacySnippet.h"
 #include "platform/foundation/Log.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/foundation/NeverDestroyed.h"
@@ -23,15 +23,6 @@ QString descriptionOfOptional(const std::optional<T>& value) {
 
 QString descriptionOfDate(const std::optional<QDateTime>& date) {
     return date ? date->toUTC().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss +0000")) : absent;
-}
-
-// A snippet without a title or a text could not be saved, and what a record leaves out must not come to that.
-std::shared_ptr<Snippet> snippetFrom(const CKRecord& record) {
-    auto snippet = std::make_shared<Snippet>();
-    snippet->setTitle(QStringLiteral(""));
-    snippet->setCode(QStringLiteral(""));
-    snippet->update(record);
-    return snippet;
 }
 
 } // namespace
@@ -109,7 +100,7 @@ void CoreDataMigrator::importRecords(const std::vector<CKRecord>& records) {
     std::vector<std::shared_ptr<Snippet>> snippets;
     snippets.reserve(records.size());
     for (const auto& record : records)
-        snippets.push_back(snippetFrom(record));
+        snippets.push_back(legacySnippet(record));
     logLine(QStringLiteral("☁️ Found Snippets, count is %1.").arg(records.size()));
     logLine(QStringLiteral("☁️ I was passed these objects %1").arg(snippets.size()));
     for (const auto& snippet : snippets)

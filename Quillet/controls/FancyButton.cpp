@@ -3,11 +3,12 @@
 #include "Halcyonix/PictureView.h"
 #include "Quillet/controls/GradientView.h"
 #include "platform/screens/appearance/FocusRing.h"
-#include "platform/screens/controls/TextLabel.h"
+#include "platform/screens/appearance/TypeScale.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QStyle>
 
 namespace quillet {
 
@@ -17,18 +18,30 @@ namespace {
 constexpr QSize imageSize(22, 22);
 constexpr int horizontalPadding = 14;
 constexpr int verticalPadding = 8;
+constexpr int leastTextWidth = 58;
 constexpr int ringMargin = platform::focusRingGap + platform::focusRingWidth;
 
 constexpr platform::PressStyle pressStyle{.pressedScale = 0.9, .milliseconds = 150};
 
-QLabel* makeWhiteLabel(platform::TextStyle style, QWidget* parent) {
-    auto* label = platform::makeLabel({}, style, parent);
-    label->setWordWrap(false);
-    QPalette white; // on the gradient of either appearance
-    white.setColor(QPalette::WindowText, Qt::white);
-    label->setPalette(white);
-    return label;
-}
+// One line in white, which stands on the gradient of either appearance; cut short where there is no room.
+class WhiteLabel : public QLabel {
+public:
+    WhiteLabel(platform::TextStyle style, QWidget* parent)
+        : QLabel(parent) {
+        setTextFormat(Qt::PlainText);
+        platform::setTextStyle(*this, style);
+    }
+
+    QSize minimumSizeHint() const override { return {leastTextWidth, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setPen(Qt::white);
+        painter.drawText(rect(), QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter,
+                         fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+    }
+};
 
 } // namespace
 
@@ -36,8 +49,8 @@ FancyButton::FancyButton(QWidget* parent)
     : QAbstractButton(parent)
     , m_view(new GradientView(this))
     , m_imageView(new halcyonix::PictureView(imageSize, m_view))
-    , m_secondaryLabel(makeWhiteLabel(platform::TextStyle::Footnote, m_view))
-    , m_mainLabel(makeWhiteLabel(platform::TextStyle::Headline, m_view))
+    , m_secondaryLabel(new WhiteLabel(platform::TextStyle::Footnote, m_view))
+    , m_mainLabel(new WhiteLabel(platform::TextStyle::Headline, m_view))
     , m_squeeze(new platform::PressSqueeze(*this, pressStyle)) {
     auto* margins = new QVBoxLayout(this);
     margins->setContentsMargins(ringMargin, ringMargin, ringMargin, ringMargin);
@@ -78,6 +91,10 @@ void FancyButton::describe() {
 
 QSize FancyButton::sizeHint() const {
     return layout()->sizeHint();
+}
+
+QSize FancyButton::minimumSizeHint() const {
+    return layout()->minimumSize();
 }
 
 void FancyButton::paintEvent(QPaintEvent* /*event*/) {

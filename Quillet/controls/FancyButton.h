@@ -50,7 +50,7 @@ public:
 
     QSize sizeHint() const override;
 
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -42,4 +42,10 @@ QFont fontFromDescriptor(const QVariantMap& attributes, qint64 points) {
     return font;
 }
 
+QVariantMap descriptorFromFont(const QFont& font) {
+    return {{fontAttribute::family, font.family()},
+            {fontAttribute::weight, static_cast<qint64>(font.weight())},
+            {fontAttribute::italic, font.italic()}};
+}
+
 } // namespace quillet

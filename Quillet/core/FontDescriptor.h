@@ -22,4 +22,7 @@ QFont monospacedSystemFont(qint64 points);
 // type or range. A family that is not installed gives what the system puts in its place.
 QFont fontFromDescriptor(const QVariantMap& attributes, qint64 points);
 
+// All attributes of the font; its size is none of them.
+QVariantMap descriptorFromFont(const QFont& font);
+
 } // namespace quillet

@@ -63,8 +63,7 @@ void SnippetRootViewController::adopt(platform::ViewController& controller) {
         editor->delegate = this;
         editor->onPickTheme = [this] { presentThemePicker(); };
         editor->onPickLanguage = [this] { presentLanguagePicker(); };
-        connect(&editor->navigationItem(), &platform::NavigationItem::changed, this,
-                [this] { nameWindow(); });
+        connect(editor, &QWidget::windowTitleChanged, this, &SnippetRootViewController::nameWindow);
     }
 }
 
@@ -139,8 +138,7 @@ void SnippetRootViewController::didCreate(const std::shared_ptr<Snippet>& snippe
 
 void SnippetRootViewController::didEdit(const std::shared_ptr<Snippet>& /*snippet*/) {}
 
-void SnippetRootViewController::nameWindow() {
-    const QString name = m_snippetViewController->title();
+void SnippetRootViewController::nameWindow(const QString& name) {
     setWindowTitle(name.isEmpty() ? QStringLiteral("Quillet") : name + QStringLiteral(" - Quillet"));
 }
 

@@ -60,7 +60,7 @@ protected:
 private:
     void adopt(platform::ViewController& controller);
     void addMenu();
-    void nameWindow();
+    void nameWindow(const QString& name);
     void askBeforeLoss(const QString& reason);
 
     HomeListViewController* m_homeListViewController = nullptr; // found in the tree

@@ -46,6 +46,7 @@ bool runSelf(const QString& flag, const QString& dataHome) {
     QProcess process;
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_DATA_HOME"), dataHome);
+    environment.insert(QStringLiteral("XDG_STATE_HOME"), dataHome); // the window's place is no part of it
     process.setProcessEnvironment(environment);
     process.start(QCoreApplication::applicationFilePath(), {flag});
     return process.waitForFinished(120'000) && process.exitCode() == 0;

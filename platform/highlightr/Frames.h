@@ -18,7 +18,7 @@ struct RequestHeader {
 inline constexpr std::uint32_t noLanguage = 0xFFFFFFFF;
 
 // Longer texts are not highlighted, in code units.
-inline constexpr std::size_t longestCode = 1 << 20;
+inline constexpr std::size_t longestCode = 4 << 20;
 inline constexpr std::size_t longestRequest = sizeof(RequestHeader) + 2 * (longestCode + 256);
 // An answer is at most some dozen digits a code unit.
 inline constexpr std::size_t longestAnswer = 64 * longestCode;

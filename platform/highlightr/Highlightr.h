@@ -27,6 +27,13 @@ public:
     AttributedString highlight(const QString& code, const std::optional<QString>& language,
                                Rendering rendering) const;
 
+    // The same where somebody may cease to want the answer while the request waits for its turn. Nothing
+    // then, and where the text comes back without colours for another reason than that it has none.
+    std::optional<AttributedString> highlightIfWanted(const QString& code,
+                                                      const std::optional<QString>& language,
+                                                      Rendering rendering,
+                                                      const HighlightProcess::IsWanted& isWanted) const;
+
     // False for an unknown name, and then the theme stays.
     bool setTheme(const QString& name);
     std::shared_ptr<const Theme> theme() const;

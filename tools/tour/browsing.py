@@ -21,7 +21,7 @@ class Browsing:
         self.is_narrow = size == "narrow"
         data = pathlib.Path(os.environ["HOME"]) / f"{size}-{look}"
         self.settings = data / "Quillet" / "Settings.json"
-        self.program = Program(data)
+        self.program = Program(data, before_news=lambda: None)
         self.program.resize(*SIZES[size])
         self.album.window = self.program.window
 

@@ -31,9 +31,10 @@ class Album:
 
 
 class Program:
-    """The running program and the lines it has printed. `before_warning` runs while the first warning is up."""
+    """The running program and the lines it has printed. `before_news` runs while the first start's announcement is up,
+    and `before_warning` while the first warning is."""
 
-    def __init__(self, data=None, before_warning=lambda: None):
+    def __init__(self, data=None, before_warning=lambda: None, before_news=None):
         self.path = PICTURES / f"{pathlib.Path(sys.argv[0]).stem}-program.log"
         self.log = open(self.path, "a", encoding="utf-8")
         self.start = self.path.stat().st_size
@@ -41,6 +42,11 @@ class Program:
         self.process = subprocess.Popen([EXECUTABLE], stdout=self.log, stderr=self.log, env=environment)
         shows("Languages")
         dismiss_account_warning(before_warning)
+        if before_news:
+            shows("Get Coding")
+            before_news()
+            click("Get Coding")
+            wait("the news do not go", lambda: not screen.find("Get Coding"))
         self.window = screen.run("xdotool", "getactivewindow").strip()
 
     def resize(self, width, height):

@@ -4,6 +4,7 @@ import os
 import pathlib
 import pwd
 import shutil
+import signal
 import socket
 import subprocess
 import tempfile
@@ -52,7 +53,7 @@ class Server:
         passwords.chmod(0o600)
 
     def stop(self):
-        self.process.terminate()
+        self.process.send_signal(signal.SIGINT)  # without waiting for who is still connected
         self.process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
 

@@ -53,11 +53,13 @@ def first_use(program):
     press("ctrl+s")
     done("Typed and saved")
 
-    click("Theme")
+    click("Theme, xcode")
     shows("Search")
     type_text("atom-one-dark")
+    shows("atom-one-dark", "table cell")
     press("Return")
-    shows_text("atom-one-dark")
+    click("Close", "push button")
+    shows("Theme, atom-one-dark")
     time.sleep(1)
     done("Another theme")
 
@@ -72,7 +74,7 @@ def first_use(program):
 def after_restart():
     open_snippet("swift", "Greeting")
     shows_text("print(greet(name: \"you\"))")
-    shows_text("atom-one-dark")
+    shows("Theme, atom-one-dark")
     time.sleep(1)
     done("Found again after a restart")
 
@@ -102,7 +104,7 @@ def dark():
 
 
 def tour():
-    program = Program(before_warning=lambda: done("Warning without an account"))
+    program = Program(before_warning=lambda: done("Warning without an account"), before_news=lambda: done("What is new"))
     first_use(program)
     program.quit()
     program = Program()
@@ -112,6 +114,7 @@ def tour():
 
     with DarkDesktop():
         program = Program()
+        program.resize(1120, 740)  # it came back as narrow as it was
         dark()
         program.quit()
     print(f"The tour is done: {album.steps} pictures in {os.path.relpath(PICTURES)}", flush=True)

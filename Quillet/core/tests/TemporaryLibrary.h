@@ -10,12 +10,14 @@
 
 namespace quillet {
 
-// Points the shared instances of this process at a fresh data directory. Every test is a process of its own.
+// Points the shared instances of this process at fresh directories for data and state. Every test is a
+// process of its own.
 class TemporaryLibrary : public ::testing::Test {
 protected:
     explicit TemporaryLibrary(const QString& parentFolder = QDir::tempPath())
         : root(parentFolder + QStringLiteral("/quillet-XXXXXX")) {
         qputenv("XDG_DATA_HOME", root.path().toUtf8());
+        qputenv("XDG_STATE_HOME", root.filePath(QStringLiteral("state")).toUtf8());
     }
 
     // Runs what is queued for the main loop.

@@ -1,6 +1,7 @@
 #include "Quillet/screens/details/HighlightrView.h"
 
 #include "Quillet/screens/code/CodeFont.h"
+#include "Quillet/screens/details/AccessiblePreview.h"
 
 #include <QtWidgets/QVBoxLayout>
 
@@ -29,6 +30,8 @@ HighlightrView::HighlightrView(QWidget* parent)
     : QWidget(parent)
     , m_textView(new platform::TextView(this))
     , m_textStorage(new CodeAttributedString(*m_textView)) {
+    describePreviewsAsPictures();
+    setAccessibleName(QStringLiteral("Preview"));
     m_textStorage->setParent(this);
     m_textView->setFrameShape(QFrame::NoFrame);
     m_textView->setReadOnly(true);
@@ -37,7 +40,6 @@ HighlightrView::HighlightrView(QWidget* parent)
     m_textView->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_textView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_textView->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_textView->setAccessibleName(QStringLiteral("Preview"));
     m_textView->document()->setDocumentMargin(12);
     auto* edges = new QVBoxLayout(this);
     edges->setContentsMargins(0, 0, 0, 0);

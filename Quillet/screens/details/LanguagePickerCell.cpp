@@ -6,9 +6,9 @@ namespace quillet {
 
 LanguagePickerCell::LanguagePickerCell(const QString& name, QWidget* parent)
     : QWidget(parent)
-    , m_toggle(new QCheckBox(name, this)) {
+    , m_toggle(new platform::SwitchRow(name, this)) {
     m_toggle->setChecked(true);
-    connect(m_toggle, &QCheckBox::toggled, this, &LanguagePickerCell::didToggle);
+    connect(m_toggle, &QAbstractButton::toggled, this, &LanguagePickerCell::didToggle);
     auto* edges = new QVBoxLayout(this);
     edges->setContentsMargins(0, 0, 0, 0);
     edges->addWidget(m_toggle);

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "Quillet/core/Language.h"
-
-#include <QtWidgets/QCheckBox>
+#include "platform/screens/controls/SwitchRow.h"
 
 #include <optional>
 
@@ -28,12 +27,12 @@ public:
     std::optional<Language> language;
     LanguagePickerCellDelegate* delegate = nullptr; // outlives this
 
-    QCheckBox& toggle() { return *m_toggle; }
+    platform::SwitchRow& toggle() { return *m_toggle; }
 
 private:
     void didToggle();
 
-    QCheckBox* m_toggle;
+    platform::SwitchRow* m_toggle;
 };
 
 } // namespace quillet

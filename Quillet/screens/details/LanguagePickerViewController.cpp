@@ -5,6 +5,7 @@
 #include "platform/screens/list/GroupedForm.h"
 #include "platform/screens/list/ListView.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QVBoxLayout>
 
 namespace quillet {
@@ -41,11 +42,14 @@ void LanguagePickerViewController::showChoice() {
     const auto at = m_languages.stringList().indexOf(selectedLanguage().value_or(QString()));
     if (at < 0) return;
     list->setCurrentIndex(m_languages.index(static_cast<int>(at)));
-    list->scrollTo(list->currentIndex());
+    // Where the rows stand is known once they have their room.
+    QTimer::singleShot(0, list,
+                       [list] { list->scrollTo(list->currentIndex(), QAbstractItemView::PositionAtCenter); });
 }
 
 void LanguagePickerViewController::showSwitches() {
     auto* form = new platform::GroupedForm(this);
+    form->cardColor = platform::Asset::AshgroveWhite;
     auto& section = form->addSection(
         {}, QStringLiteral("The languages you turn off here will be hidden throughout the app."));
     for (const QString& name : m_languages.stringList())

@@ -1,10 +1,12 @@
 #include "Quillet/screens/details/Languages.h"
 
+#include "platform/foundation/NeverDestroyed.h"
+
 namespace quillet {
 
 Languages& Languages::shared() {
-    static Languages languages;
-    return languages;
+    static platform::NeverDestroyed<Languages> languages;
+    return languages.get();
 }
 
 const QStringList& Languages::languages() {

@@ -1,7 +1,7 @@
 #include "Quillet/screens/details/ListWithSelectionViewController.h"
 
+#include "Quillet/screens/details/OptionList.h"
 #include "platform/screens/controllers/NavigationController.h"
-#include "platform/screens/list/ListView.h"
 
 #include <QtWidgets/QVBoxLayout>
 
@@ -9,7 +9,9 @@ namespace quillet {
 
 namespace {
 
-constexpr int debounceMilliseconds = 100;
+using namespace std::chrono_literals;
+
+constexpr auto debounce = 100ms;
 constexpr QSize preferredSize(420, 510); // points
 
 } // namespace
@@ -19,49 +21,21 @@ ListWithSelectionViewController::ListWithSelectionViewController(const QString& 
                                                                  const std::optional<QString>& selectedOption,
                                                                  QWidget* parent)
     : ViewController(parent)
-    , m_options(options, selectedOption)
-    , m_searchBar(new SearchBar(this))
-    , m_list(new platform::ListView(this)) {
+    , m_options(new OptionList(title, options, selectedOption, debounce, this)) {
     setTitle(title);
     setPreferredContentSize(preferredSize);
-    setFocusProxy(m_searchBar);
-
-    m_filtered.setSourceModel(&m_options);
-    m_list->setModel(&m_filtered);
-    m_list->setAccessibleName(title);
-    connect(m_list, &platform::ListView::rowActivated, this, &ListWithSelectionViewController::choose);
-    m_searchBar->steer(*m_list);
-    connect(m_searchBar, &SearchBar::returnPressed, this, [this] {
-        m_debounce.stop();
-        applyFilter();
-        choose(m_list->currentIndex());
-    });
-    if (selectedOption) {
-        const auto at = m_filtered.index(static_cast<int>(options.indexOf(*selectedOption)), 0);
-        m_list->setCurrentIndex(at);
-        QTimer::singleShot(0, m_list, [this, at = QPersistentModelIndex(at)] { m_list->scrollTo(at); });
-    }
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 10, 0, 0);
-    column->setSpacing(0);
-    auto* searchRow = new QVBoxLayout;
-    searchRow->setContentsMargins(16, 0, 16, 0); // flush with the list's card
-    searchRow->addWidget(m_searchBar);
-    column->addLayout(searchRow);
-    column->addWidget(m_list);
-
-    m_debounce.setSingleShot(true);
-    m_debounce.setInterval(debounceMilliseconds);
-    connect(m_searchBar, &QLineEdit::textChanged, &m_debounce, qOverload<>(&QTimer::start));
-    connect(&m_debounce, &QTimer::timeout, this, &ListWithSelectionViewController::applyFilter);
+    setFocusProxy(m_options);
+    connect(m_options, &OptionList::chosen, this, &ListWithSelectionViewController::choose);
+    auto* edges = new QVBoxLayout(this);
+    edges->setContentsMargins(0, 0, 0, 0);
+    edges->addWidget(m_options);
 }
 
 void ListWithSelectionViewController::viewDidLoad() {
     ViewController::viewDidLoad();
     if (isPushed()) return;
     navigationItem().addLeading(std::make_unique<platform::BarButtonItem>(
-        platform::BarButtonItem::Look{{}, QStringLiteral("Close")}, [this] { close(); }));
+        platform::BarButtonItem::Look{{}, QStringLiteral("Close")}, [this] { didClose(); }));
 }
 
 // Whether another screen lies below it.
@@ -70,24 +44,16 @@ bool ListWithSelectionViewController::isPushed() const {
     return navigation && navigation->viewControllers().front() != this;
 }
 
-void ListWithSelectionViewController::close() {
+void ListWithSelectionViewController::didClose() {
     if (isPushed())
         navigationController()->popViewController();
     else
         dismiss();
 }
 
-void ListWithSelectionViewController::applyFilter() {
-    m_filtered.setFilterRegularExpression(m_searchBar->prefixPattern());
-    m_list->setCurrentIndex(m_filtered.index(0, 0)); // Return takes the best match
-}
-
-void ListWithSelectionViewController::choose(const QModelIndex& index) {
-    if (!index.isValid()) return;
-    const QString option = index.data().toString();
-    m_options.setSelectedOption(option);
+void ListWithSelectionViewController::choose(const QString& option) {
     if (delegate) delegate->didSelectOption(option);
-    close();
+    didClose();
 }
 
 } // namespace quillet

@@ -1,19 +1,12 @@
 #pragma once
 
-#include "Quillet/screens/details/OptionRows.h"
-#include "Quillet/screens/details/SearchBar.h"
 #include "platform/screens/controllers/ViewController.h"
-
-#include <QtCore/QSortFilterProxyModel>
-#include <QtCore/QTimer>
 
 #include <optional>
 
-namespace platform {
-class ListView;
-}
-
 namespace quillet {
+
+class OptionList;
 
 class ListWithSelectionViewControllerDelegate {
 public:
@@ -23,9 +16,8 @@ public:
     virtual void didSelectOption(const QString& option) = 0;
 };
 
-// A searchable list of options with the selected one marked. The search matches the start of an option.
-// Choosing one closes it, as its button Close does, which it has where no other button leads back. Main
-// thread.
+// A searchable list of options with the selected one marked. Choosing one closes it, as its button Close
+// does, which it has where no other button leads back. Main thread.
 class ListWithSelectionViewController : public platform::ViewController {
     Q_OBJECT
 
@@ -40,15 +32,10 @@ protected:
 
 private:
     bool isPushed() const;
-    void close();
-    void applyFilter();
-    void choose(const QModelIndex& index);
+    void didClose();
+    void choose(const QString& option);
 
-    OptionRows m_options;
-    QSortFilterProxyModel m_filtered;
-    SearchBar* m_searchBar;
-    platform::ListView* m_list;
-    QTimer m_debounce;
+    OptionList* m_options;
 };
 
 } // namespace quillet

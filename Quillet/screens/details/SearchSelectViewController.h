@@ -1,21 +1,13 @@
 #pragma once
 
-#include "Quillet/screens/details/OptionRows.h"
-#include "Quillet/screens/details/SearchBar.h"
-#include "platform/foundation/Timer.h"
 #include "platform/screens/controllers/ViewController.h"
 
-#include <QtCore/QSortFilterProxyModel>
-
 #include <optional>
-
-namespace platform {
-class ListView;
-}
 
 namespace quillet {
 
 class HighlightrView;
+class OptionList;
 
 class SearchSelectDelegate {
 public:
@@ -25,12 +17,13 @@ public:
     virtual void didSelectTheme(const QString& theme) = 0;
 };
 
-// Picks a theme, which a preview shows at once. The search matches the start of a name. It stays open until
-// it is closed. Main thread.
+// Picks a theme from a searchable list. A preview shows the chosen one at once. It stays open until its
+// button Close is pressed. Main thread.
 class SearchSelectViewController : public platform::ViewController {
     Q_OBJECT
 
 public:
+    // Without a selected option the preview shows the theme "xcode".
     SearchSelectViewController(const QStringList& options, const std::optional<QString>& selectedOption,
                                QWidget* parent = nullptr);
 
@@ -41,17 +34,14 @@ public:
     HighlightrView& highlighterView() { return *m_highlighterView; }
 
 private:
-    void applyFilter();
-    void choose(const QModelIndex& index);
+    QWidget* makePreview(const QString& theme);
+    QWidget* makeHeader();
+    void choose(const QString& theme);
 
     void didClose() { dismiss(); }
 
-    OptionRows m_options;
-    QSortFilterProxyModel m_filtered;
-    HighlightrView* m_highlighterView;
-    SearchBar* m_searchBar;
-    platform::ListView* m_list;
-    platform::Timer m_debounce;
+    HighlightrView* m_highlighterView = nullptr;
+    OptionList* m_options;
 };
 
 } // namespace quillet

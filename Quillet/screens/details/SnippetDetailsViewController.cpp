@@ -6,22 +6,26 @@
 #include "Quillet/core/UserSettings.h"
 #include "Quillet/screens/AlertMaker.h"
 #include "Quillet/screens/details/Languages.h"
+#include "platform/screens/appearance/TypeScale.h"
 #include "platform/screens/controllers/NavigationController.h"
-#include "platform/screens/controls/ActivityIndicator.h"
 #include "platform/screens/controls/DisclosureRow.h"
+#include "platform/screens/controls/SwitchRow.h"
 #include "platform/screens/list/GroupedForm.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
-#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
+
+#include <limits>
 
 namespace quillet {
 
 namespace {
 
-constexpr QSize preferredSize(460, 480); // points
+// Points.
+constexpr QSize preferredSize(460, 480);
+constexpr int captionSpacing = 6;
 
 // A field counts as empty also with the one blank that an empty label holds.
 bool isEmpty(const QString& text) {
@@ -46,8 +50,19 @@ void addRow(QVBoxLayout& section, const QString& caption, QWidget* field) {
     auto* label = new QLabel(caption);
     label->setBuddy(field);
     label->setForegroundRole(QPalette::PlaceholderText);
-    section.addWidget(label);
-    section.addWidget(field);
+    platform::setTextStyle(*label, platform::TextStyle::Subheadline);
+    auto* row = new QVBoxLayout;
+    row->setSpacing(captionSpacing);
+    row->addWidget(label);
+    row->addWidget(field);
+    section.addLayout(row);
+}
+
+// A text from elsewhere is never cut short.
+void prepare(ToolbarTextField& field, const QString& name) {
+    field.setPlaceholderText(name);
+    field.setAccessibleName(name);
+    field.setMaxLength(std::numeric_limits<int>::max());
 }
 
 } // namespace
@@ -55,35 +70,35 @@ void addRow(QVBoxLayout& section, const QString& caption, QWidget* field) {
 SnippetDetailsViewController::SnippetDetailsViewController(std::shared_ptr<Snippet> snippet, QWidget* parent)
     : ViewController(parent)
     , m_snippet(std::move(snippet))
-    , m_spinner(new platform::ActivityIndicator(this))
-    , m_nameField(new QLineEdit(this))
+    , m_nameField(new ToolbarTextField(this))
     , m_languageDetailLabel(new platform::DisclosureRow(this))
     , m_notesField(new ToolbarTextField(this))
-    , m_copySwitch(new QCheckBox(QStringLiteral("Import code from the clipboard"), this)) {
+    , m_copySwitch(new platform::SwitchRow(QStringLiteral("&Import code from the clipboard"), this)) {
     setTitle(m_snippet ? QStringLiteral("Edit Snippet") : QStringLiteral("New Snippet"));
     setPreferredContentSize(preferredSize);
     setFocusProxy(m_nameField);
-    addBarButtons();
-    m_nameField->setPlaceholderText(QStringLiteral("Name"));
-    m_nameField->setAccessibleName(QStringLiteral("Name"));
-    connect(m_nameField, &QLineEdit::returnPressed, this, &SnippetDetailsViewController::didTapSave);
-    m_notesField->setPlaceholderText(QStringLiteral("Notes"));
-    m_notesField->setAccessibleName(QStringLiteral("Notes"));
+    prepare(*m_nameField, QStringLiteral("Name"));
+    prepare(*m_notesField, QStringLiteral("Notes"));
+    m_languageDetailLabel->setPlaceholderText(QStringLiteral("Choose a language"));
     m_languageDetailLabel->setAccessibleName(QStringLiteral("Language"));
+    for (const auto* field : {m_nameField, m_notesField})
+        connect(field, &QLineEdit::returnPressed, this, &SnippetDetailsViewController::didTapSave);
     connect(m_languageDetailLabel, &QAbstractButton::clicked, this,
             &SnippetDetailsViewController::pickLanguage);
+    addBarButtons();
+    addForm();
+}
 
+void SnippetDetailsViewController::addForm() {
     auto* form = new platform::GroupedForm(this);
     auto& details = form->addSection({});
     addRow(details, QStringLiteral("&Name"), m_nameField);
     addRow(details, QStringLiteral("&Language"), m_languageDetailLabel);
     addRow(details, QStringLiteral("N&otes"), m_notesField);
     form->addSection({}).addWidget(m_copySwitch);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(form);
-    column->addWidget(m_spinner, 0, Qt::AlignHCenter);
-    m_spinner->hide();
+    auto* edges = new QVBoxLayout(this);
+    edges->setContentsMargins(0, 0, 0, 0);
+    edges->addWidget(form);
 }
 
 void SnippetDetailsViewController::addBarButtons() {
@@ -120,7 +135,7 @@ void SnippetDetailsViewController::fillIn() {
 
 void SnippetDetailsViewController::didSelectOption(const QString& language) {
     m_language = language;
-    m_languageDetailLabel->setText(isEmpty(language) ? QStringLiteral("Choose a language") : language);
+    m_languageDetailLabel->setText(isEmpty(language) ? QString() : language);
     m_languageDetailLabel->setAccessibleDescription(language);
 }
 
@@ -138,13 +153,12 @@ std::optional<QString> SnippetDetailsViewController::importedCode() const {
 }
 
 void SnippetDetailsViewController::didTapSave() {
+    if (m_saveButton->isBusy()) return;
     if (isEmpty(m_nameField->text()) || isEmpty(m_language)) {
         showAlert(*this, QStringLiteral("You need a title and language selected to create a snippet."));
         return;
     }
-    m_saveButton->setEnabled(false);
-    m_spinner->show();
-    m_spinner->startAnimating();
+    m_saveButton->setBusy(true);
     if (m_snippet)
         edit();
     else

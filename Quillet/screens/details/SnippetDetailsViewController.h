@@ -9,12 +9,9 @@
 #include <memory>
 #include <optional>
 
-class QCheckBox;
-class QLineEdit;
-
 namespace platform {
-class ActivityIndicator;
 class DisclosureRow;
+class SwitchRow;
 } // namespace platform
 
 namespace quillet {
@@ -46,6 +43,7 @@ protected:
 
 private:
     void addBarButtons();
+    void addForm();
     void fillIn();
 
     void didClose() { dismiss(); }
@@ -60,12 +58,11 @@ private:
 
     std::shared_ptr<Snippet> m_snippet;
     platform::BarButtonItem* m_saveButton = nullptr; // the navigation item owns it
-    platform::ActivityIndicator* m_spinner;          // in its place while the form saves
-    QLineEdit* m_nameField;
+    ToolbarTextField* m_nameField;
     platform::DisclosureRow* m_languageDetailLabel;
     ToolbarTextField* m_notesField;
-    QCheckBox* m_copySwitch;
-    QString m_language;
+    platform::SwitchRow* m_copySwitch;
+    QString m_language; // empty if none is chosen
     // As the form showed the snippet at first.
     QString m_openedTitle;
     QString m_openedNotes;

@@ -13,6 +13,7 @@
 #include "Quillet/core/UserSettings.h"
 #include "Quillet/screens/AlertMaker.h"
 #include "Quillet/screens/code/CodeFont.h"
+#include "Quillet/screens/code/FileSuffix.h"
 #include "Quillet/screens/details/SnippetDetailsViewController.h"
 #include "Quillet/screens/editor/MoreMenu.h"
 #include "platform/foundation/DateFormats.h"
@@ -68,13 +69,15 @@ void saveOrStop(const std::source_location& place = std::source_location::curren
 
 SnippetViewController::SnippetViewController(QWidget* parent)
     : ViewController(parent)
-    , m_fakeNavigationBar(new QuilletNavigationBar(this))
+    , m_head(new QWidget(this))
+    , m_fakeNavigationBar(new QuilletNavigationBar(m_head))
     , m_snippetInfoContainer(new QWidget(this))
     , m_languageButton(new FancyButton(this))
     , m_pickLanguageButton(new platform::SymbolButton(QStringLiteral("chevron.down"),
                                                       QStringLiteral("Pick Language"), Asset::Accent, this))
     , m_themeButton(new FancyButton(this))
     , m_activityIndicator(new platform::ActivityIndicator(this))
+    , m_buttons(new QWidget(this))
     , m_textViewContainer(new QWidget(this))
     , m_textView(new platform::TextView(m_textViewContainer))
     , m_textStorage(new CodeAttributedString(*m_textView))
@@ -116,19 +119,22 @@ void SnippetViewController::layOutViews() {
     m_themeButton->setSymbol(QStringLiteral("paintpalette.fill"));
     m_themeButton->setSecondaryText(QStringLiteral("Theme"));
     m_themeButton->setMainText(m_currentTheme);
+    for (auto* button : {m_languageButton, m_themeButton})
+        button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     m_languageButton->delegate = this;
     m_themeButton->delegate = this;
     connect(m_pickLanguageButton, &QAbstractButton::clicked, this,
             &SnippetViewController::presentLanguagePicker);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->setContentsMargins(16, 4, 16, 10);
-    buttons->setSpacing(10);
+    auto* buttons = new QHBoxLayout(m_buttons);
+    buttons->setContentsMargins(13, 3, 16, 3); // the buttons have three more for their ring
+    buttons->setSpacing(4);
     buttons->addWidget(m_languageButton);
     buttons->addWidget(m_pickLanguageButton);
     buttons->addWidget(m_themeButton);
-    buttons->addStretch();
+    buttons->addSpacing(8);
     buttons->addWidget(m_activityIndicator);
+    buttons->addStretch();
 
     auto* text = new QVBoxLayout(m_textViewContainer);
     text->setContentsMargins(0, 0, 0, 0);
@@ -142,9 +148,14 @@ void SnippetViewController::layOutViews() {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(m_fakeNavigationBar);
+    auto* head = new QHBoxLayout(m_head);
+    head->setContentsMargins(0, 6, 0, 0);
+    head->setSpacing(0);
+    head->addWidget(m_fakeNavigationBar, 1);
+    column->addWidget(m_head);
     column->addWidget(m_snippetInfoContainer);
-    column->addLayout(buttons);
+    column->addWidget(m_buttons);
+    column->addSpacing(6);
     column->addWidget(m_textViewContainer, 1);
 }
 
@@ -156,6 +167,8 @@ void SnippetViewController::setUpText() {
                                     Qt::ImhPreferLowercase);
     QScroller::grabGesture(m_textView->viewport(), QScroller::TouchGesture);
     m_textView->installEventFilter(this);
+    m_textView->viewport()->installEventFilter(this);
+    connect(m_textView, &platform::TextView::dropRefused, this, &SnippetViewController::refuseDrop);
     connect(m_textView, &QPlainTextEdit::textChanged, this, &SnippetViewController::textChanged);
     // Closes the on-screen keyboard by giving up the focus.
     new halcyonix::KeyboardAccessory(*m_textView, Asset::Accent);
@@ -172,7 +185,7 @@ void SnippetViewController::viewDidLoad() {
     if (m_snippet) {
         load();
     } else {
-        m_textStorage->setAttributedString({emptyText, {}});
+        showHint();
         m_languageButton->hide();
         m_pickLanguageButton->hide();
         m_editButton->setEnabled(false);
@@ -200,7 +213,19 @@ void SnippetViewController::viewDidAppear(platform::Animated animated) {
 void SnippetViewController::showBar(platform::SizeClass sizeClass) {
     const bool isCompact = sizeClass == platform::SizeClass::Compact;
     if (auto* navigation = navigationController()) navigation->setNavigationBarHidden(!isCompact);
-    m_fakeNavigationBar->setVisible(!isCompact);
+    m_head->setVisible(!isCompact);
+    auto* column = static_cast<QVBoxLayout*>(layout());
+    if (isCompact == (column->indexOf(m_buttons) >= 0)) return;
+    if (isCompact)
+        column->insertWidget(column->indexOf(m_snippetInfoContainer) + 1, m_buttons);
+    else
+        static_cast<QHBoxLayout*>(m_head->layout())->insertWidget(0, m_buttons);
+}
+
+// The panel shows it, and the window's title bar.
+void SnippetViewController::nameScreen() {
+    setWindowTitle(m_snippet ? m_snippet->title() : QString());
+    setAccessibleName(windowTitle());
 }
 
 void SnippetViewController::setSnippet(std::shared_ptr<Snippet> snippet) {
@@ -225,18 +250,27 @@ void SnippetViewController::showNoSnippet() {
     m_languageButton->hide();
     m_pickLanguageButton->hide();
     m_screenTitle = QString();
-    setTitle(QString());
+    nameScreen();
     refreshInfo();
     m_textView->setEnabled(true);
     m_textView->setReadOnly(false);
     m_textView->setPlaceholderText(emptyText);
-    m_textStorage->setAttributedString({m_textView->hasFocus() ? QString() : emptyText, {}});
+    if (m_textView->hasFocus())
+        m_textStorage->setAttributedString({});
+    else
+        showHint();
+}
+
+// It is no code, and has no colours.
+void SnippetViewController::showHint() {
+    m_textStorage->setLanguage(QStringLiteral("plaintext"));
+    m_textStorage->setAttributedString({emptyText, {}});
 }
 
 void SnippetViewController::load() {
     m_languageButton->show();
     m_pickLanguageButton->show();
-    setTitle(m_snippet->title());
+    nameScreen();
     m_text.leave();
     m_textStorage->setAttributedString({});
     m_activityIndicator->startAnimating();
@@ -289,7 +323,7 @@ void SnippetViewController::showUnreadable(const QString& reason) {
 void SnippetViewController::takeChanges(const platform::ContextChanges& changes) {
     m_text.takeChanges(changes);
     if (!m_snippet || std::ranges::find(changes.updated, m_snippet) == changes.updated.end()) return;
-    setTitle(m_snippet->title());
+    nameScreen();
     if (const auto language = m_snippet->language(); language && language != m_selectedLanguage)
         setSelectedLanguage(language);
 }
@@ -344,7 +378,7 @@ void SnippetViewController::adoptNew(std::shared_ptr<Snippet> snippet) {
     m_snippet = std::move(snippet);
     m_text.adopt(CodeOwner(m_snippet));
     m_textView->setPlaceholderText(placeholder);
-    setTitle(m_snippet->title());
+    nameScreen();
     m_languageButton->show();
     m_pickLanguageButton->show();
     for (auto* button : {m_moreButton, m_editButton, m_saveButton})
@@ -365,12 +399,18 @@ void SnippetViewController::autoSave() {
 }
 
 bool SnippetViewController::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_textView && event->type() == QEvent::FocusIn) beginEditing();
+    const auto type = event->type();
+    // A drop comes to a view that has no focus yet.
+    if (type == QEvent::FocusIn || type == QEvent::KeyPress || type == QEvent::InputMethod ||
+        type == QEvent::Drop)
+        beginEditing();
     return ViewController::eventFilter(watched, event);
 }
 
 void SnippetViewController::beginEditing() {
-    if (isShowingHint()) m_textStorage->setAttributedString({});
+    if (!isShowingHint()) return;
+    m_textStorage->setLanguage(m_selectedLanguage.value_or(defaultLanguage));
+    m_textStorage->setAttributedString({});
 }
 
 void SnippetViewController::textChanged() {
@@ -486,8 +526,8 @@ void SnippetViewController::shareImage() {
 
 void SnippetViewController::presentShareSheet(std::variant<QString, QImage> content) {
     const QString title = m_snippet ? m_snippet->title() : QString();
-    auto sheet = std::make_unique<platform::ActivityViewController>(
-        platform::ShareItem{std::move(content), title, m_selectedLanguage.value_or(defaultLanguage)});
+    auto sheet = std::make_unique<platform::ActivityViewController>(platform::ShareItem{
+        std::move(content), title, fileSuffixOf(m_selectedLanguage.value_or(defaultLanguage))});
     const auto& bar =
         m_fakeNavigationBar->isVisible() ? *m_fakeNavigationBar : navigationController()->navigationBar();
     auto* anchor = bar.buttonOf(*m_moreButton);
@@ -535,6 +575,7 @@ void SnippetViewController::showTags() {
 std::shared_ptr<Segment> SnippetViewController::addSegment() {
     if (!m_snippet) return nullptr;
     auto& stack = CoreDataStack::shared();
+    CodeOwner(m_snippet).putBack(stack.viewContext()); // deleted elsewhere, it is worked on here
     const auto segment = std::make_shared<Segment>();
     stack.viewContext().insert(segment);
     const auto count = m_snippet->toMany(Snippet::Segments).size();
@@ -557,6 +598,7 @@ void SnippetViewController::selectSegment(const std::shared_ptr<Segment>& segmen
 void SnippetViewController::deleteSegment(const std::shared_ptr<Segment>& segment) {
     if (!m_snippet || !segment) return;
     m_text.abandon(*segment);
+    if (!segment->context()) return; // deleted elsewhere already
     m_snippet->removeFromMany(Snippet::Segments, *segment);
     segment->setToOne(Segment::OfSnippet, nullptr);
     CoreDataStack::shared().viewContext().deleteObject(*segment);

@@ -95,9 +95,11 @@ private:
     void setUpText();
     void setupFontsThemeAndColors();
     void showBar(platform::SizeClass sizeClass);
+    void nameScreen();
 
     // Loading.
     void showNoSnippet();
+    void showHint();
     void load();
     void loadCode(const CodeOwner& owner);
     void arrive(const CodeOwner& owner, const platform::AttributedString& code);
@@ -145,6 +147,7 @@ private:
     platform::BarButtonItem* m_findButton = nullptr;
     platform::BarButtonItem* m_moreButton = nullptr;
 
+    QWidget* m_head; // where there is room: the buttons and the bar in one row
     QuilletNavigationBar* m_fakeNavigationBar;
     std::shared_ptr<SnippetInfoViewModel> m_snippetInfoViewModel; // both absent until first needed
     SelfSizingHostingController* m_snippetInfoHostingController = nullptr;
@@ -153,6 +156,7 @@ private:
     platform::SymbolButton* m_pickLanguageButton;
     FancyButton* m_themeButton;
     platform::ActivityIndicator* m_activityIndicator;
+    QWidget* m_buttons; // the former four; in the head, or below the panel where there is none
     QWidget* m_textViewContainer;
     platform::FindBar* m_findBar;
     platform::TextView* m_textView;

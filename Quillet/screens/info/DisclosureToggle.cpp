@@ -1,5 +1,6 @@
 #include "Quillet/screens/info/DisclosureToggle.h"
 
+#include "Quillet/screens/info/Drawer.h"
 #include "platform/screens/appearance/FocusRing.h"
 #include "platform/screens/appearance/Motion.h"
 #include "platform/screens/appearance/Palette.h"
@@ -16,7 +17,6 @@ namespace {
 
 constexpr QSize buttonSize(44, 33); // points
 constexpr qreal symbolSize = 22;
-constexpr int milliseconds = 250;
 
 } // namespace
 
@@ -42,7 +42,7 @@ void DisclosureToggle::turn(bool isChecked) {
     m_animation.stop();
     m_animation.setStartValue(m_angle);
     m_animation.setEndValue(isChecked ? 0.0 : std::numbers::pi);
-    m_animation.setDuration(platform::reducesMotion() || !isVisible() ? 0 : milliseconds);
+    m_animation.setDuration(platform::reducesMotion() || !isVisible() ? 0 : Drawer::milliseconds);
     m_animation.start();
 }
 

@@ -1,58 +1,91 @@
 #include "Quillet/screens/info/NotesLabel.h"
 
 #include "platform/screens/appearance/TypeScale.h"
+#include "platform/screens/controls/PlainToolTip.h"
 
-#include <QtGui/QResizeEvent>
+#include <QtGui/QPainter>
 #include <QtGui/QTextLayout>
+#include <QtWidgets/QStyle>
+
+#include <algorithm>
 
 namespace quillet {
 
 namespace {
 
-constexpr int mostLines = 3;
+constexpr int mostHeight = 64;        // points; one line is shown at least
+constexpr int leastWidth = 100;       // points
 constexpr qsizetype mostUnits = 2000; // of which more could not fit
-
-// The text as far as it goes on so many lines.
-QString cutShort(const QString& text, const QFont& font, int width) {
-    QTextLayout layout(QString(text.left(mostUnits)).replace(u'\n', QChar::LineSeparator), font);
-    layout.beginLayout();
-    for (int line = 1;; ++line) {
-        QTextLine next = layout.createLine();
-        if (!next.isValid()) return text;
-        next.setLineWidth(width);
-        if (line < mostLines) continue;
-        const qsizetype end = next.textStart() + next.textLength();
-        if (end >= text.size()) return text;
-        return QStringView(text).left(std::max<qsizetype>(0, end - 2)).trimmed().toString() + u'…';
-    }
-}
 
 } // namespace
 
 NotesLabel::NotesLabel(QWidget* parent)
     : QLabel(parent) {
     setTextFormat(Qt::PlainText);
-    setWordWrap(true);
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     platform::setTextStyle(*this, platform::TextStyle::Subheadline);
 }
 
-void NotesLabel::setText(const QString& text) {
-    m_notes = text;
-    fit();
+void NotesLabel::setNotes(const QString& notes) {
+    if (notes == text()) return;
+    setText(notes);
+    platform::setPlainToolTip(*this, notes);
+    updateGeometry();
 }
 
-void NotesLabel::resizeEvent(QResizeEvent* event) {
-    QLabel::resizeEvent(event);
-    if (event->size().width() != event->oldSize().width()) fit();
+// The last one is the rest of its paragraph where not everything fits.
+QStringList NotesLabel::linesIn(int width) const {
+    const QString shown = text().left(mostUnits).trimmed();
+    const int most = std::max(1, mostHeight / fontMetrics().lineSpacing());
+    QTextLayout layout(QString(shown).replace(u'\n', QChar::LineSeparator), font());
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        const QString text = shown.mid(line.textStart(), line.textLength());
+        const bool isLast = lines.size() + 1 == most;
+        const bool goesOn = line.textStart() + line.textLength() < shown.size();
+        if (isLast && goesOn) {
+            const QString rest = shown.mid(line.textStart()).section(u'\n', 0, 0);
+            lines += rest.size() > text.size() ? rest : text.trimmed() + u'…';
+            break;
+        }
+        lines += text;
+    }
+    layout.endLayout();
+    return lines;
 }
 
-void NotesLabel::fit() {
-    const QString shown = cutShort(m_notes, font(), std::max(contentsRect().width(), 100));
-    QLabel::setText(shown);
-    setToolTip(shown == m_notes ? QString() : m_notes);
-    setAccessibleName(m_notes);
-    setFixedHeight(std::max(heightForWidth(std::max(width(), 100)), 0));
+int NotesLabel::heightForWidth(int width) const {
+    const QMargins margins = contentsMargins();
+    const int inner = std::max(width - margins.left() - margins.right(), leastWidth);
+    const auto lines = static_cast<int>(std::max<qsizetype>(1, linesIn(inner).size()));
+    return lines * fontMetrics().lineSpacing() + margins.top() + margins.bottom();
+}
+
+QSize NotesLabel::sizeHint() const {
+    return {leastWidth, heightForWidth(std::max(width(), leastWidth))};
+}
+
+QSize NotesLabel::minimumSizeHint() const {
+    return {0, heightForWidth(std::max(width(), leastWidth))};
+}
+
+void NotesLabel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto); // as the text is written, whatever the screen
+    const QRect inner = contentsRect();
+    const auto alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignTop);
+    int top = inner.top();
+    for (const QString& line : linesIn(std::max(inner.width(), leastWidth))) {
+        painter.drawText(QRect(inner.left(), top, inner.width(), fontMetrics().lineSpacing()),
+                         static_cast<int>(alignment) | Qt::TextSingleLine,
+                         fontMetrics().elidedText(line.trimmed(), Qt::ElideRight, inner.width()));
+        top += fontMetrics().lineSpacing();
+    }
 }
 
 } // namespace quillet

@@ -4,22 +4,27 @@
 
 namespace quillet {
 
-// Notes of any length on a few lines. What does not fit is told by the tool tip. Main thread.
+// Notes of any length on a few lines, fewer of them in a large font, cut short where they go on. The tool tip
+// has it all. Main thread.
 class NotesLabel : public QLabel {
     Q_OBJECT
 
 public:
     explicit NotesLabel(QWidget* parent = nullptr);
 
-    void setText(const QString& text);
+    void setNotes(const QString& notes);
+
+    bool hasHeightForWidth() const override { return true; }
+
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
-    void fit();
-
-    QString m_notes;
+    QStringList linesIn(int width) const;
 };
 
 } // namespace quillet

@@ -28,6 +28,7 @@ RowButton::RowButton(const QString& symbol, const QString& name, QWidget* parent
     setAccessibleName(name);
     setToolTip(name);
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
 }
 
 QSize RowButton::sizeHint() const {
@@ -44,9 +45,8 @@ void RowButton::keyPressEvent(QKeyEvent* event) {
 void RowButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(rect(), platform::color(Asset::BackgroundGrey));
     const QRectF body = QRectF(rect()).adjusted(ringMargin, ringMargin, -ringMargin, -ringMargin);
-    painter.setBrush(platform::color(isDown() ? Asset::Selection : Asset::BackgroundGrey));
+    painter.setBrush(platform::color(isDown() || underMouse() ? Asset::Selection : Asset::BackgroundGrey));
     painter.setPen(QPen(platform::color(Asset::KindaDarkThing), borderWidth));
     constexpr qreal inset = borderWidth / 2;
     painter.drawRoundedRect(body.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);

@@ -4,8 +4,7 @@
 
 namespace quillet {
 
-// The button over the end of a row of chips: a symbol of 44 by 33 points in a frame, on the panel's ground,
-// so that chips pass below it. Main thread.
+// The button over the end of a row of chips: a symbol of 44 by 33 points in a frame. Main thread.
 class RowButton : public QAbstractButton {
     Q_OBJECT
 

@@ -32,19 +32,19 @@ SegmentCarouselView::SegmentCarouselView(SnippetInfoCallbacks callbacks, QWidget
     auto* button = new RowButton(QStringLiteral("plus"), QStringLiteral("Add Segment"), this);
     connect(button, &QAbstractButton::clicked, this, &SegmentCarouselView::add);
     connect(m_code, &QAbstractButton::clicked, this, [this] { choose(nullptr); });
-    m_row = new ChipRow(button, this);
-    m_row->setAccessibleName(QStringLiteral("Segments"));
+    m_row = new ChipRow(QStringLiteral("Segments"), button, this);
     auto* edges = new QVBoxLayout(this);
     edges->setContentsMargins(0, 0, 0, 0);
     edges->addWidget(m_row);
-    m_row->setChips({m_code});
-    m_code->setChecked(true);
+    refresh();
 }
 
 void SegmentCarouselView::setSnippet(std::shared_ptr<Snippet> snippet) {
+    const bool isOther = snippet != m_snippet;
     m_snippet = std::move(snippet);
     m_activeSegment.reset();
     refresh();
+    if (isOther) m_row->scrollToStart();
 }
 
 void SegmentCarouselView::refresh() {
@@ -87,12 +87,22 @@ void SegmentCarouselView::add() {
 }
 
 void SegmentCarouselView::showActive() {
-    if (!m_activeSegment) {
-        m_code->setChecked(true);
-        return;
+    SegmentChip* tabStop = m_code;
+    m_code->setActive(!m_activeSegment);
+    for (auto* chip : m_chips) {
+        const bool isActive = chip->segment() == m_activeSegment;
+        chip->setActive(isActive);
+        if (isActive) tabStop = chip;
     }
+    setTabStop(*tabStop);
+}
+
+// From then on the toolkit makes the chip that had the focus last the only stop.
+void SegmentCarouselView::setTabStop(SegmentChip& stop) {
+    m_code->setFocusPolicy(Qt::ClickFocus);
     for (auto* chip : m_chips)
-        if (chip->segment() == m_activeSegment) chip->setChecked(true);
+        chip->setFocusPolicy(Qt::ClickFocus);
+    stop.setFocusPolicy(Qt::StrongFocus);
 }
 
 } // namespace quillet

@@ -12,6 +12,7 @@ namespace quillet {
 class ChipRow;
 class FakeSegmentView;
 class InternalSegmentView;
+class SegmentChip;
 
 // A snippet's segments in order: by date, equal dates by title, what has no date last. One of them, or the
 // snippet's own code, is active. Main thread.
@@ -23,7 +24,7 @@ public:
 
     void setSnippet(std::shared_ptr<Snippet> snippet);
 
-    // Takes on the snippet's segments of now.
+    // Takes on the snippet's segments of now; scroll position and focus stay.
     void refresh();
 
     // Absent for the snippet's own code. A segment that is deleted stays the active one, though no chip shows
@@ -37,6 +38,7 @@ private:
     void add();
     InternalSegmentView* chipOf(const std::shared_ptr<Segment>& segment);
     void showActive();
+    void setTabStop(SegmentChip& stop);
 
     SnippetInfoCallbacks m_callbacks;
     std::shared_ptr<Snippet> m_snippet;

@@ -9,11 +9,15 @@
 
 #include <optional>
 
-class QLabel;
+namespace platform {
+class BarTitle;
+}
 
 namespace quillet {
 
 class DisclosureToggle;
+class Drawer;
+class NotesLabel;
 class SegmentCarouselView;
 class TagCarouselView;
 
@@ -31,7 +35,7 @@ public:
 
     bool showTagsAndSegments() const { return m_showTagsAndSegments; }
 
-    // Absent for the snippet's own code.
+    // Absent for the snippet's own code, as after each new snippet.
     const std::shared_ptr<Segment>& activeSegment() const;
 
     const SnippetInfoCallbacks& callbacks() const { return m_callbacks; }
@@ -39,22 +43,25 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void take(const std::shared_ptr<Snippet>& snippet);
-    void refresh();
-    void showRows();
+    void follow();
+    void showTexts();
+    std::unique_ptr<QWidget> makeRows();
     void tellSizeClass();
 
     std::shared_ptr<SnippetInfoViewModel> m_viewModel;
     SnippetInfoCallbacks m_callbacks;
     bool m_showTagsAndSegments = true;
     std::optional<platform::SizeClass> m_horizontalSizeClass;
-    QLabel* m_title;
-    QLabel* m_notes;
+    platform::BarTitle* m_title;
+    NotesLabel* m_notes;
     DisclosureToggle* m_toggle;
     TagCarouselView* m_tags;
     SegmentCarouselView* m_segments;
+    Drawer* m_rows; // holds the two
     platform::Subscription m_snippets;
     platform::Subscription m_changes;
 };

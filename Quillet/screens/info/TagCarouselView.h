@@ -5,10 +5,12 @@
 #include <QtWidgets/QWidget>
 
 #include <functional>
+#include <vector>
 
 namespace quillet {
 
 class ChipRow;
+class TagChip;
 
 // A snippet's tags, in no order of their own, and the way to their sheet. Main thread.
 class TagCarouselView : public QWidget {
@@ -19,11 +21,14 @@ public:
 
     void setSnippet(std::shared_ptr<Snippet> snippet);
 
-    // Takes on the snippet's tags of now.
+    // Takes on the snippet's tags of now; the scroll position stays.
     void refresh();
 
 private:
+    TagChip* chipOf(const std::shared_ptr<Tag>& tag);
+
     std::shared_ptr<Snippet> m_snippet;
+    std::vector<TagChip*> m_chips;
     ChipRow* m_row;
 };
 

@@ -1,23 +1,34 @@
 #pragma once
 
-#include "Quillet/screens/info/Chip.h"
+#include "Quillet/core/Tag.h"
+
+#include <QtWidgets/QLabel>
+
+#include <memory>
 
 namespace quillet {
 
 // A tag in its colour. It says something and does nothing. Main thread.
-class TagChip : public Chip {
+class TagChip : public QLabel {
     Q_OBJECT
 
 public:
-    // Without a border for a colour that there is none of.
-    TagChip(const QString& title, std::optional<platform::Asset> border, QWidget* parent = nullptr);
+    explicit TagChip(std::shared_ptr<Tag> tag, QWidget* parent = nullptr);
+
+    const std::shared_ptr<Tag>& tag() const { return m_tag; }
+
+    // Takes on the tag's title and colour of now. One that is not in the table of colours draws no border.
+    void refresh();
+
+    QSize sizeHint() const override;
+
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    Look look() const override;
-    int leastWidth() const override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
-    std::optional<platform::Asset> m_border;
+    std::shared_ptr<Tag> m_tag;
 };
 
 } // namespace quillet

@@ -4,51 +4,72 @@
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QStandardPaths>
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace quillet {
 
 namespace {
 
-constexpr qint64 mostBytes = 10'000;
-const QString bundle = QStringLiteral("quillet");
+constexpr qint64 mostBytes = 64 * 1024;
 
-bool isTrusted(const QString& path) {
-    const QFileInfo file(path);
-    const bool isOurs = file.ownerId() == 0 || file.ownerId() == getuid();
-    return file.isFile() && isOurs && !(file.permissions() & (QFile::WriteGroup | QFile::WriteOther));
+bool isTrustworthy(const struct stat& status) {
+    return S_ISREG(status.st_mode) && status.st_size <= mostBytes &&
+           (status.st_uid == 0 || status.st_uid == ::geteuid()) && !(status.st_mode & (S_IWGRP | S_IWOTH));
 }
 
-QString digestOf(const QString& version) {
-    const QByteArray signedText = (bundle + u'\n' + version).toUtf8();
-    return QString::fromLatin1(QCryptographicHash::hash(signedText, QCryptographicHash::Sha256).toHex());
+// Of the very file that was checked. A pipe in its place holds nobody up.
+std::optional<QByteArray> trustworthyBytes(const QString& path) {
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) return std::nullopt;
+    QFile file;
+    struct stat status{};
+    if (!file.open(descriptor, QFile::ReadOnly, QFile::AutoCloseHandle)) {
+        ::close(descriptor);
+        return std::nullopt;
+    }
+    if (::fstat(descriptor, &status) != 0 || !isTrustworthy(status)) return std::nullopt;
+    return file.read(mostBytes);
+}
+
+QByteArray digestOf(QJsonObject receipt) {
+    receipt.remove(QStringLiteral("sha256"));
+    return QCryptographicHash::hash(QJsonDocument(receipt).toJson(QJsonDocument::Compact),
+                                    QCryptographicHash::Sha256)
+        .toHex();
+}
+
+std::optional<AppTransaction> firstVerified() {
+    const QStringList receipts = QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+                                                           QStringLiteral("quillet/receipt.json"));
+    for (const QString& path : receipts)
+        if (auto transaction = AppTransaction::verified(path)) return transaction;
+    return std::nullopt;
 }
 
 } // namespace
 
-void AppTransaction::shared(std::function<void(const std::optional<AppTransaction>&)> done) {
-    platform::dispatchToBackground([done = std::move(done)] {
-        const QString path = QStandardPaths::locate(QStandardPaths::GenericDataLocation,
-                                                    QStringLiteral("quillet/receipt.json"));
-        auto transaction = path.isEmpty() ? std::nullopt : read(path);
-        platform::dispatchToMain([done, transaction = std::move(transaction)] { done(transaction); });
-    });
+std::optional<AppTransaction> AppTransaction::verified(const QString& path) {
+    const auto bytes = trustworthyBytes(path);
+    if (!bytes) return std::nullopt;
+    const QJsonObject receipt = QJsonDocument::fromJson(*bytes).object();
+    const QString version = receipt.value(QStringLiteral("originalAppVersion")).toString();
+    const QString digest = receipt.value(QStringLiteral("sha256")).toString();
+    if (receipt.value(QStringLiteral("bundle")).toString() != QStringLiteral("quillet") ||
+        version.isEmpty() || digest.toLatin1().toLower() != digestOf(receipt))
+        return std::nullopt;
+    return AppTransaction{version};
 }
 
-std::optional<AppTransaction> AppTransaction::read(const QString& path) {
-    QFile file(path);
-    if (!isTrusted(path) || !file.open(QIODevice::ReadOnly)) return std::nullopt;
-    const auto receipt = QJsonDocument::fromJson(file.read(mostBytes)).object();
-    const QString version = receipt.value(QStringLiteral("originalAppVersion")).toString();
-    if (version.isEmpty() || receipt.value(QStringLiteral("bundle")).toString() != bundle)
-        return std::nullopt;
-    if (receipt.value(QStringLiteral("digest")).toString() != digestOf(version)) return std::nullopt;
-    return AppTransaction(version);
+void AppTransaction::shared(Answer answer) {
+    platform::dispatchToBackground([answer = std::move(answer)] {
+        platform::dispatchToMain([answer, transaction = firstVerified()] { answer(transaction); });
+    });
 }
 
 } // namespace quillet

@@ -3,46 +3,66 @@
 #include "platform/screens/appearance/Symbol.h"
 #include "platform/screens/appearance/TypeScale.h"
 
+#include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
+#include <QtSvg/QSvgRenderer>
 #include <QtWidgets/QStyle>
 
 namespace quillet {
 
+using platform::TextStyle;
+
 namespace {
 
-// Points, before the scale.
-constexpr double squareSide = 28;
-constexpr double cornerRadius = 6;
-constexpr double symbolSide = 17;
-constexpr double gap = 12;
+// Points, before they grow.
+constexpr double side = 28.0;
+constexpr double cornerRadius = 6.0;
+constexpr double symbolSide = 18.0;
+constexpr double gap = 12.0;
+
+// By how much the platform makes its fonts larger.
+double growth() {
+    constexpr int measured = 1000;
+    return platform::systemFont(measured).pixelSize() / static_cast<double>(measured);
+}
 
 } // namespace
 
-double ColorfulIconLabelStyle::currentScale() {
-    constexpr double size = 100;
-    return platform::systemFont(size).pixelSize() / size;
+ColorfulIconLabelStyle::ColorfulIconLabelStyle(platform::Asset color)
+    : m_color(color)
+    , m_accessibilityScale(growth()) {}
+
+QSize ColorfulIconLabelStyle::size(const QString& title) const {
+    const QFontMetrics metrics(platform::font(TextStyle::Body));
+    return {qRound((side + gap) * m_accessibilityScale) + metrics.horizontalAdvance(title),
+            qRound(side * m_accessibilityScale)};
 }
 
-int ColorfulIconLabelStyle::side() const {
-    return static_cast<int>(squareSide * accessibilityScale);
-}
-
-void ColorfulIconLabelStyle::draw(QPainter& painter, const QRect& rect, const QString& symbol,
-                                  const QString& title, Qt::LayoutDirection direction) const {
-    const QRect square(rect.left(), rect.center().y() - side() / 2, side(), side());
-    const QRectF ground = QStyle::visualRect(direction, rect, square);
-    painter.setRenderHint(QPainter::Antialiasing);
+void ColorfulIconLabelStyle::drawIcon(QPainter& painter, const QRect& square, const Label& label) const {
+    if (!label.image.isEmpty())
+        return QSvgRenderer(QStringLiteral(":/images/%1.svg").arg(label.image)).render(&painter, square);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(platform::color(color, platform::Appearance::Light)); // white is seen on that one
-    const double radius = cornerRadius * accessibilityScale;
-    painter.drawRoundedRect(ground, radius, radius);
-    QRectF place(0, 0, symbolSide * accessibilityScale, symbolSide * accessibilityScale);
-    place.moveCenter(ground.center());
-    platform::drawSymbol(painter, place, symbol, Qt::white);
+    painter.setBrush(platform::color(m_color, platform::Appearance::Light));
+    const double radius = cornerRadius * m_accessibilityScale;
+    painter.drawRoundedRect(square, radius, radius);
+    const double size = symbolSide * m_accessibilityScale;
+    QRectF place(0, 0, size, size);
+    place.moveCenter(QRectF(square).center());
+    platform::drawSymbol(painter, place, label.symbol, Qt::white);
+}
+
+void ColorfulIconLabelStyle::draw(QPainter& painter, const QRect& rect, const Label& label) const {
+    const auto direction = painter.layoutDirection();
+    const int extent = qRound(side * m_accessibilityScale);
+    const QRect square(rect.left(), rect.center().y() - extent / 2, extent, extent);
+    drawIcon(painter, QStyle::visualRect(direction, rect, square), label);
+    const QRect line = rect.adjusted(extent + qRound(gap * m_accessibilityScale), 0, 0, 0);
+    painter.setFont(platform::font(TextStyle::Body));
     painter.setPen(platform::color(platform::Asset::Text));
-    const int shift = side() + static_cast<int>(gap * accessibilityScale);
-    painter.drawText(QStyle::visualRect(direction, rect, rect.adjusted(shift, 0, 0, 0)),
-                     QStyle::visualAlignment(direction, Qt::AlignLeft) | Qt::AlignVCenter, title);
+    painter.drawText(QStyle::visualRect(direction, rect, line),
+                     static_cast<int>(QStyle::visualAlignment(direction, Qt::AlignLeft) | Qt::AlignVCenter) |
+                         Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(label.title, Qt::ElideRight, line.width()));
 }
 
 } // namespace quillet

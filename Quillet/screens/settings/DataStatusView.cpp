@@ -1,10 +1,11 @@
 #include "Quillet/screens/settings/DataStatusView.h"
 
+#include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/UserSettings.h"
 #include "Quillet/screens/settings/LegacyView.h"
+#include "Quillet/screens/settings/SettingsRow.h"
 #include "Quillet/screens/settings/ValueRow.h"
 #include "platform/screens/controllers/NavigationController.h"
-#include "platform/screens/controls/DisclosureRow.h"
 #include "platform/screens/controls/TextLabel.h"
 #include "platform/screens/list/GroupedForm.h"
 
@@ -13,11 +14,9 @@
 
 namespace quillet {
 
-namespace {
+using platform::GroupedForm;
 
-QString textOf(bool value) {
-    return value ? QStringLiteral("True") : QStringLiteral("False");
-}
+namespace {
 
 ValueRow* addRow(QVBoxLayout& section, const QString& label) {
     auto* row = new ValueRow(label);
@@ -25,66 +24,87 @@ ValueRow* addRow(QVBoxLayout& section, const QString& label) {
     return row;
 }
 
-} // namespace
-
-DataStatusView::DataStatusView(QWidget* parent)
-    : ViewController(parent) {
-    setTitle(QStringLiteral("Your Data"));
+QString nameOf(bool value) {
+    return value ? QStringLiteral("True") : QStringLiteral("False");
 }
 
-void DataStatusView::viewDidLoad() {
-    ViewController::viewDidLoad();
-    auto* form = new platform::GroupedForm(this);
+} // namespace
+
+DataStatusView::DataStatusView(CoreDataMigrator& coreDataMigrator, CloudKitService& cloudKitService,
+                               QWidget* parent)
+    : ViewController(parent)
+    , m_coreDataMigrator(&coreDataMigrator)
+    , m_cloudKitService(&cloudKitService) {
+    setTitle(QStringLiteral("Your Data"));
+    auto* form = new GroupedForm(this);
     auto* edges = new QVBoxLayout(this);
     edges->setContentsMargins(0, 0, 0, 0);
     edges->addWidget(form);
+    addAbout(*form);
+    addStats(*form);
+    addMissingData(*form);
+    observe();
+}
 
-    auto& about = form->addSection(QStringLiteral("About"));
+void DataStatusView::addAbout(GroupedForm& form) {
+    auto& about = form.addSection(QStringLiteral("About"));
     about.addWidget(platform::makeLabel(
         QStringLiteral(
             "Quillet uses CloudKit to store your data. If you don't have iCloud setup, things will "
             "only work locally."),
-        platform::TextStyle::Body, form));
-    m_version = addRow(about, QStringLiteral("Data Store Version"));
-    m_version->setValue(QStringLiteral("CKC-2"));
+        platform::TextStyle::Body, this));
+    m_storeVersion = addRow(about, QStringLiteral("Data Store Version"));
+    m_storeVersion->setValue(QStringLiteral("CKC-2"));
     m_started = addRow(about, QStringLiteral("Migration Started"));
     m_complete = addRow(about, QStringLiteral("Migration Complete"));
-    m_legacyCount = addRow(about, QStringLiteral("Legacy Record Count"));
-    auto& stats = form->addSection(QStringLiteral("Stats"));
+    m_recordCount = addRow(about, QStringLiteral("Legacy Record Count"));
+}
+
+void DataStatusView::addStats(GroupedForm& form) {
+    auto& stats = form.addSection(QStringLiteral("Stats"));
     m_snippets = addRow(stats, QStringLiteral("Snippets"));
     m_tags = addRow(stats, QStringLiteral("Tags"));
     m_folders = addRow(stats, QStringLiteral("Folders"));
-    auto* link = new platform::DisclosureRow(form);
-    link->setText(QStringLiteral("Legacy Data"));
-    link->setAccessibleName(link->text());
-    connect(link, &QAbstractButton::clicked, this, &DataStatusView::showLegacy);
-    form->addSection(QStringLiteral("Missing Data?")).addWidget(link);
-
-    const auto follow = [this](auto& observable) {
-        m_subscriptions.push_back(observable.observeChanges([this](const auto&) { refresh(); }));
-    };
-    follow(m_coreDataMigrator->foundMigrationRecord());
-    follow(m_coreDataMigrator->legacyCloudKitRecordCount());
-    follow(m_viewModel.snippets);
-    follow(m_viewModel.tags);
-    follow(m_viewModel.folders);
-    refresh();
 }
 
-void DataStatusView::refresh() {
+void DataStatusView::addMissingData(GroupedForm& form) {
+    auto* link = new SettingsRow({QStringLiteral("Legacy Data"), QStringLiteral("doc.fill"), {}},
+                                 platform::Asset::SystemGray, SettingsRow::Leads::Inward);
+    connect(link, &QAbstractButton::clicked, this, &DataStatusView::showLegacy);
+    auto& missing = form.addSection(QStringLiteral("Missing Data?"));
+    missing.setContentsMargins(0, 0, 0, 0); // the row reaches from edge to edge
+    missing.addWidget(link);
+}
+
+void DataStatusView::observe() {
+    const auto showCount = [this](ValueRow* row) {
+        return [this, row](const auto& objects) { row->setValue(m_formatter.toString(objects.size())); };
+    };
+    m_subscriptions.push_back(m_viewModel.snippets.observe(showCount(m_snippets)));
+    m_subscriptions.push_back(m_viewModel.tags.observe(showCount(m_tags)));
+    m_subscriptions.push_back(m_viewModel.folders.observe(showCount(m_folders)));
+    const auto refresh = [this](const auto&) { showMigration(); };
+    m_subscriptions.push_back(m_coreDataMigrator->foundMigrationRecord().observe(refresh));
+    m_subscriptions.push_back(m_coreDataMigrator->legacyCloudKitRecordCount().observe(refresh));
+}
+
+void DataStatusView::viewWillAppear(platform::Animated animated) {
+    ViewController::viewWillAppear(animated);
+    showMigration();
+}
+
+void DataStatusView::showMigration() {
     const bool isMigrated = UserSettings::shared().snippetsMigrated.value();
-    m_version->setVisible(isMigrated);
+    m_storeVersion->setVisible(isMigrated);
     m_started->setVisible(!isMigrated);
-    m_started->setValue(textOf(m_coreDataMigrator->foundMigrationRecord().value()));
-    m_complete->setValue(textOf(isMigrated));
-    m_legacyCount->setValue(QString::number(m_coreDataMigrator->legacyCloudKitRecordCount().value()));
-    m_snippets->setValue(QString::number(m_viewModel.snippets.value().size()));
-    m_tags->setValue(QString::number(m_viewModel.tags.value().size()));
-    m_folders->setValue(QString::number(m_viewModel.folders.value().size()));
+    m_started->setValue(nameOf(m_coreDataMigrator->foundMigrationRecord().value()));
+    m_complete->setValue(nameOf(isMigrated));
+    m_recordCount->setValue(m_formatter.toString(m_coreDataMigrator->legacyCloudKitRecordCount().value()));
 }
 
 void DataStatusView::showLegacy() {
-    navigationController()->pushViewController(std::make_unique<LegacyView>());
+    navigationController()->pushViewController(std::make_unique<LegacyView>(
+        std::make_unique<LegacyModel>(*m_cloudKitService, CoreDataStack::shared())));
 }
 
 } // namespace quillet

@@ -4,35 +4,51 @@
 #include "Quillet/screens/settings/DataStatsModel.h"
 #include "platform/screens/controllers/ViewController.h"
 
-#include <vector>
+#include <QtCore/QLocale>
+
+class QVBoxLayout;
+
+namespace platform {
+class GroupedForm;
+}
 
 namespace quillet {
 
 class ValueRow;
 
-// How the store stands, live; and the way to the data of the older layout. Main thread.
+// How the library's data stands, live, and the way to what was left behind. To be pushed onto a navigation
+// controller. Main thread.
 class DataStatusView : public platform::ViewController {
     Q_OBJECT
 
 public:
-    explicit DataStatusView(QWidget* parent = nullptr);
+    // Both outlive this.
+    DataStatusView(CoreDataMigrator& coreDataMigrator, CloudKitService& cloudKitService,
+                   QWidget* parent = nullptr);
 
 protected:
-    void viewDidLoad() override;
+    // The settings tell nobody of their changes.
+    void viewWillAppear(platform::Animated animated) override;
 
 private:
-    void refresh();
+    void addAbout(platform::GroupedForm& form);
+    void addStats(platform::GroupedForm& form);
+    void addMissingData(platform::GroupedForm& form);
+    void observe();
+    void showMigration();
     void showLegacy();
 
-    CoreDataMigrator* m_coreDataMigrator = &CoreDataMigrator::shared();
+    CoreDataMigrator* m_coreDataMigrator;
+    CloudKitService* m_cloudKitService;
     DataStatsModel m_viewModel;
-    ValueRow* m_version = nullptr; // these once the view is loaded
-    ValueRow* m_started = nullptr;
-    ValueRow* m_complete = nullptr;
-    ValueRow* m_legacyCount = nullptr;
-    ValueRow* m_snippets = nullptr;
-    ValueRow* m_tags = nullptr;
-    ValueRow* m_folders = nullptr;
+    QLocale m_formatter;
+    ValueRow* m_storeVersion; // once migrated
+    ValueRow* m_started;      // until then
+    ValueRow* m_complete;
+    ValueRow* m_recordCount;
+    ValueRow* m_snippets;
+    ValueRow* m_tags;
+    ValueRow* m_folders;
     std::vector<platform::Subscription> m_subscriptions;
 };
 

@@ -1,8 +1,26 @@
 #include "Quillet/screens/settings/LegacyModel.h"
 
+#include "Quillet/cloud/LegacySnippet.h"
 #include "platform/foundation/MainQueue.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace quillet {
+
+using platform::CKRecord;
+
+namespace {
+
+// On the cloud's queue: a snippet in no context is nobody else's yet.
+LegacyModel::Snippets snippetsFrom(const std::vector<CKRecord>& records) {
+    LegacyModel::Snippets snippets;
+    snippets.reserve(records.size());
+    std::ranges::transform(records, std::back_inserter(snippets), legacySnippet);
+    return snippets;
+}
+
+} // namespace
 
 LegacyModel::LegacyModel(CloudKitService& cloudKitService, CoreDataStack& coreDataStack)
     : m_cloudKitService(&cloudKitService)
@@ -13,16 +31,10 @@ LegacyModel::LegacyModel(CloudKitService& cloudKitService, CoreDataStack& coreDa
 
 void LegacyModel::loadLegacySnippets() {
     m_cloudKitService->performWhenZoneExists(
-        [service = m_cloudKitService, waiting = std::weak_ptr(m_legacySnippets)] {
-            service->fetchSnippetRecords([waiting](const std::vector<platform::CKRecord>& records) {
-                platform::dispatchToMain([waiting, records] {
-                    const auto legacySnippets = waiting.lock();
-                    if (!legacySnippets) return;
-                    Snippets snippets;
-                    snippets.reserve(records.size());
-                    for (const auto& record : records)
-                        snippets.emplace_back(std::make_shared<Snippet>())->update(record);
-                    legacySnippets->set(std::move(snippets));
+        [service = m_cloudKitService, list = std::weak_ptr(m_legacySnippets)] {
+            service->fetchSnippetRecords([list](const std::vector<CKRecord>& records) {
+                platform::dispatchToMain([list, snippets = snippetsFrom(records)] {
+                    if (const auto shown = list.lock()) shown->set(snippets);
                 });
             });
         });

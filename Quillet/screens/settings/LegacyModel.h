@@ -5,29 +5,31 @@
 #include "Quillet/core/Snippet.h"
 #include "platform/foundation/Observable.h"
 
-#include <memory>
-#include <vector>
-
 namespace quillet {
 
-// The snippets that lie in the cloud as records of the older layout, and their way into the library. Main
-// thread.
+// What still lies in the older cloud layout, and its way into the library. Nothing looks for duplicates, and
+// nothing but this model remembers that the way was taken. Main thread.
 class LegacyModel {
 public:
     using Snippets = std::vector<std::shared_ptr<Snippet>>;
 
-    // Asks for them at once. Both outlive this.
-    explicit LegacyModel(CloudKitService& cloudKitService = CloudKitService::shared(),
-                         CoreDataStack& coreDataStack = CoreDataStack::shared());
+    // Starts to load the snippets. Both outlive this.
+    LegacyModel(CloudKitService& cloudKitService, CoreDataStack& coreDataStack);
+    LegacyModel(const LegacyModel&) = delete;
+    LegacyModel& operator=(const LegacyModel&) = delete;
 
+    // In no context, until they are migrated. Empty until the cloud has answered, and where its answer is an
+    // error.
     const platform::Observable<Snippets>& legacySnippets() const { return *m_legacySnippets; }
 
-    // Empty until they come. They belong to no context before they are migrated.
     platform::Observable<Snippets>& legacySnippets() { return *m_legacySnippets; }
+
+    const platform::Observable<bool>& migrated() const { return m_migrated; }
 
     platform::Observable<bool>& migrated() { return m_migrated; }
 
-    // Takes all of them into the library, once in the life of this: a new model would do so again.
+    // Puts the snippets into the library and saves it; once in the life of this model. After a failed save
+    // they wait for the next one.
     void migrate();
 
 private:
@@ -35,8 +37,8 @@ private:
 
     CloudKitService* m_cloudKitService;
     CoreDataStack* m_coreDataStack;
-    std::shared_ptr<platform::Observable<Snippets>>
-        m_legacySnippets; // the cloud may answer when this is gone
+    // The cloud may answer when this is gone.
+    std::shared_ptr<platform::Observable<Snippets>> m_legacySnippets;
     platform::Observable<bool> m_migrated;
 };
 

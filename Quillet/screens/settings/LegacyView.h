@@ -1,30 +1,42 @@
 #pragma once
 
-#include "Quillet/screens/settings/LegacyModel.h"
+#include "Quillet/screens/settings/LegacyRows.h"
 #include "platform/screens/controllers/ViewController.h"
 
-#include <QtGui/QStandardItemModel>
-
 class QPushButton;
+class QVBoxLayout;
+
+namespace platform {
+class GroupedForm;
+class ListView;
+} // namespace platform
 
 namespace quillet {
 
-// The snippets of the older layout in the cloud, and a button that brings them over. Main thread.
+// Lists what still lies in the older cloud layout, and brings it over at a press. Main thread.
 class LegacyView : public platform::ViewController {
     Q_OBJECT
 
 public:
-    explicit LegacyView(QWidget* parent = nullptr);
+    explicit LegacyView(std::unique_ptr<LegacyModel> model, QWidget* parent = nullptr);
 
 protected:
-    void viewDidLoad() override;
+    void viewDidLayoutSubviews() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void showSnippets(const LegacyModel::Snippets& snippets);
+    void addMigration();
+    void showMigrated(bool isMigrated);
+    void fitHead();
+    void alignHead();
 
-    LegacyModel m_model;
-    QStandardItemModel m_rows;
-    std::vector<platform::Subscription> m_subscriptions;
+    std::unique_ptr<LegacyModel> m_model;
+    QVBoxLayout* m_headPlace;
+    platform::GroupedForm* m_head;
+    QPushButton* m_button;
+    LegacyRows m_rows;
+    platform::ListView* m_list;
+    platform::Subscription m_subscription;
 };
 
 } // namespace quillet

@@ -60,7 +60,7 @@ void SettingsHostController::readTransaction() {
         if (!transaction)
             platform::logLine(QStringLiteral("🛍️ Unable to reach the transaction. Use last known."));
         else if (self)
-            self->m_viewModel.originalDownload.set(transaction->originalAppVersion());
+            self->m_viewModel.originalDownload.set(transaction->originalAppVersion);
     });
 }
 
@@ -95,7 +95,8 @@ void SettingsHostController::didSelectTheme(const QString& theme) {
 }
 
 void SettingsHostController::showDataStatus() {
-    navigationController()->pushViewController(std::make_unique<DataStatusView>());
+    navigationController()->pushViewController(
+        std::make_unique<DataStatusView>(CoreDataMigrator::shared(), CloudKitService::shared()));
 }
 
 void SettingsHostController::pickFont() {
@@ -107,9 +108,7 @@ void SettingsHostController::pickFont() {
 
 // The size stays the one of the settings.
 void SettingsHostController::takeFont(const QFont& font) {
-    const QVariantMap attributes{{fontAttribute::family, font.family()},
-                                 {fontAttribute::weight, font.weight()},
-                                 {fontAttribute::italic, font.italic()}};
+    const QVariantMap attributes = descriptorFromFont(font);
     m_viewModel.currentFontName.set(font.family());
     m_viewModel.currentFont.set(fontFromDescriptor(attributes, m_viewModel.currentFontSize.value()));
     UserSettings::shared().fontDescriptor.set(attributes);

@@ -6,33 +6,39 @@
 
 namespace quillet {
 
-// A row of the settings that does something when it is pressed: an icon, a title, what is chosen, a chevron.
-// Main thread.
+// One row of a card that its rows fill from edge to edge: a colourful label, perhaps a value, and a mark for
+// where it leads. Main thread.
 class SettingsRow : public QAbstractButton {
     Q_OBJECT
 
 public:
-    // A symbol on a square of that colour, or an image of the program's own, which is a square already.
-    struct Icon {
-        QString symbol;
-        platform::Asset color = platform::Asset::SystemOrange;
-        QString image{};
+    enum class Leads {
+        Inward,  // to another screen
+        Outward, // to another program
     };
 
-    SettingsRow(const QString& title, Icon icon, QWidget* parent = nullptr);
+    SettingsRow(ColorfulIconLabelStyle::Label label, platform::Asset color, Leads leads,
+                QWidget* parent = nullptr);
 
-    // Shown at the end.
-    void setDetail(const QString& detail);
+    // At the end of the row.
+    void setValue(const QString& value);
 
     QSize sizeHint() const override;
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override; // Return presses, as Space does
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override; // Return presses, as Space does
 
 private:
-    Icon m_icon;
-    QString m_detail;
+    void paintSeparator(QPainter& painter) const;
+    void paintGround(QPainter& painter) const;
+    QRect paintMark(QPainter& painter, const QRect& row) const;
+    QRect paintValue(QPainter& painter, const QRect& row) const;
+
+    ColorfulIconLabelStyle::Label m_label;
+    platform::Asset m_color;
+    Leads m_leads;
+    QString m_value;
 };
 
 } // namespace quillet

@@ -15,13 +15,14 @@
 namespace quillet {
 
 using platform::Asset;
+using Leads = SettingsRow::Leads;
 
 namespace {
 
-QLabel* footerLine(const QString& text, QWidget* parent) {
-    auto* line = platform::makeLabel(text, platform::TextStyle::Footnote, parent, QPalette::PlaceholderText);
-    line->setContentsMargins(14, 0, 14, 0); // as the headings
-    return line;
+constexpr int captionIndent = 14; // points, as the headings
+
+std::unique_ptr<SettingsRow> makeRow(const QString& title, const QString& symbol, Asset color, Leads leads) {
+    return std::make_unique<SettingsRow>(ColorfulIconLabelStyle::Label{title, symbol, {}}, color, leads);
 }
 
 } // namespace
@@ -36,50 +37,83 @@ SettingsView::SettingsView(SettingsViewModel& viewModel, SettingsActionHandler& 
     : QWidget(parent)
     , openPage([](const QUrl& page) { QDesktopServices::openUrl(page); })
     , m_viewModel(&viewModel)
-    , m_actionHandler(&actionHandler) {
-    auto* form = new platform::GroupedForm(this);
+    , m_actionHandler(&actionHandler)
+    , m_form(new platform::GroupedForm(this)) {
     auto* edges = new QVBoxLayout(this);
     edges->setContentsMargins(0, 0, 0, 0);
-    edges->addWidget(form);
-    const auto add = [this](QVBoxLayout& section, const QString& title, const SettingsRow::Icon& icon,
-                            std::function<void()> action) {
-        auto* row = new SettingsRow(title, icon);
-        connect(row, &QAbstractButton::clicked, this, std::move(action));
-        section.addWidget(row);
-        return row;
-    };
-    const auto page = [this](const QString& address) { return [this, address] { openPage(QUrl(address)); }; };
+    edges->addWidget(m_form);
+    addEditor();
+    addAdvanced();
+    addDeveloper();
+    addOtherApps();
+    addFooter();
+}
 
-    auto* theme = add(form->addSection(QStringLiteral("EDITOR")), QStringLiteral("Theme"),
-                      {QStringLiteral("paintpalette.fill"), Asset::SystemOrange},
-                      [this] { m_actionHandler->showThemePicker(); });
-    add(form->addSection(QStringLiteral("ADVANCED")), QStringLiteral("Data"),
-        {QStringLiteral("cloud.fill"), Asset::Purple}, [this] { m_actionHandler->showDataStatus(); });
-    auto& developer = form->addSection(QStringLiteral("DEVELOPER"));
-    add(developer, QStringLiteral("Help"), {QStringLiteral("questionmark.circle"), Asset::BlueStart},
-        [this] { m_actionHandler->showHelpMail(); });
-    add(developer, QStringLiteral("Website"), {QStringLiteral("safari"), Asset::GreenStart},
-        page(deployment::website));
-    add(form->addSection(QStringLiteral("OTHER APPS")), deployment::otherAppName,
-        {QStringLiteral("app.badge.fill"), Asset::SystemGray, deployment::otherAppImage},
-        page(deployment::otherAppPage));
-
-    auto footer = std::make_unique<QWidget>();
-    auto* lines = new QVBoxLayout(footer.get());
-    lines->setContentsMargins(0, 0, 0, 0);
-    lines->setSpacing(2);
-    auto* original = footerLine({}, footer.get());
-    lines->addWidget(footerLine(versionLine(), footer.get()));
-    lines->addWidget(original);
-    form->addWidget(std::move(footer));
-
+void SettingsView::addEditor() {
+    auto& theme = addRow(addSection(QStringLiteral("EDITOR")),
+                         makeRow(QStringLiteral("Theme"), QStringLiteral("paintpalette.fill"),
+                                 Asset::SystemOrange, Leads::Inward),
+                         [this] { m_actionHandler->showThemePicker(); });
     m_subscriptions.push_back(
-        m_viewModel->currentTheme.observe([theme](const QString& name) { theme->setDetail(name); }));
+        m_viewModel->currentTheme.observe([&theme](const QString& name) { theme.setValue(name); }));
+}
+
+void SettingsView::addAdvanced() {
+    addRow(addSection(QStringLiteral("ADVANCED")),
+           makeRow(QStringLiteral("Data"), QStringLiteral("cloud.fill"), Asset::Purple, Leads::Inward),
+           [this] { m_actionHandler->showDataStatus(); });
+}
+
+void SettingsView::addDeveloper() {
+    auto& developer = addSection(QStringLiteral("DEVELOPER"));
+    addRow(developer,
+           makeRow(QStringLiteral("Help"), QStringLiteral("questionmark.circle"), Asset::BlueStart,
+                   Leads::Outward),
+           [this] { m_actionHandler->showHelpMail(); });
+    addRow(developer,
+           makeRow(QStringLiteral("Website"), QStringLiteral("safari"), Asset::GreenStart, Leads::Outward),
+           opening(deployment::website));
+}
+
+void SettingsView::addOtherApps() {
+    addRow(addSection(QStringLiteral("OTHER APPS")),
+           std::make_unique<SettingsRow>(
+               ColorfulIconLabelStyle::Label{deployment::otherAppName, {}, deployment::otherAppImage},
+               Asset::Card, Leads::Outward),
+           opening(deployment::otherAppPage));
+}
+
+void SettingsView::addFooter() {
+    std::unique_ptr<QLabel> footer(
+        platform::makeLabel({}, platform::TextStyle::Footnote, this, QPalette::PlaceholderText));
+    footer->setContentsMargins(captionIndent, 0, captionIndent, 0);
+    footer->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_subscriptions.push_back(
-        m_viewModel->originalDownload.observe([original](const std::optional<QString>& version) {
-            original->setText(QStringLiteral("Original Download: ") + version.value_or(QString()));
-            original->setVisible(version.has_value());
+        m_viewModel->originalDownload.observe([footer = footer.get()](const auto& version) {
+            QString text = versionLine();
+            if (version) text += QStringLiteral("\nOriginal Download: ") + *version;
+            footer->setText(text);
         }));
+    m_form->addWidget(std::move(footer));
+}
+
+QVBoxLayout& SettingsView::addSection(const QString& heading) {
+    auto& section = m_form->addSection(heading);
+    section.setContentsMargins(0, 0, 0, 0);
+    section.setSpacing(0);
+    return section;
+}
+
+SettingsRow& SettingsView::addRow(QVBoxLayout& section, std::unique_ptr<SettingsRow> row,
+                                  std::function<void()> action) {
+    auto& added = *row.release(); // the card owns it
+    section.addWidget(&added);
+    connect(&added, &QAbstractButton::clicked, this, std::move(action));
+    return added;
+}
+
+std::function<void()> SettingsView::opening(const QString& page) {
+    return [this, page] { openPage(QUrl(page)); };
 }
 
 } // namespace quillet

@@ -4,8 +4,6 @@
 #include "Quillet/core/tests/TemporaryLibrary.h"
 #include "Quillet/screens/HealthBanner.h"
 #include "Quillet/screens/SnippetRootViewController.h"
-#include "Quillet/screens/details/Languages.h"
-#include "Quillet/screens/details/ListWithSelectionViewController.h"
 #include "Quillet/screens/details/SnippetDetailsViewController.h"
 #include "Quillet/screens/editor/SnippetViewController.h"
 #include "platform/screens/controllers/AlertController.h"
@@ -16,7 +14,6 @@
 #include <QtGui/QTextBlock>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLineEdit>
@@ -357,30 +354,6 @@ TEST_F(LibraryScreens, ANarrowWindowShowsOneColumnAtATime) {
     EXPECT_EQ(codesOnDisk(), QStringList{QStringLiteral("kept")});
     window->resize(1000, 700);
     EXPECT_TRUE(code()->isVisible());
-}
-
-TEST_F(LibraryScreens, TheLanguageListMatchesStartsAndLeavesOneNameOut) {
-    const auto& languages = Languages::shared().languages();
-    EXPECT_TRUE(languages.contains(QStringLiteral("swift")));
-    EXPECT_TRUE(languages.filter(QStringLiteral("fuck")).isEmpty());
-    ListWithSelectionViewController list(QStringLiteral("L"),
-                                         {QStringLiteral("c"), QStringLiteral("objc"), QStringLiteral("c++")},
-                                         QStringLiteral("objc"));
-    list.show();
-
-    struct Chosen : ListWithSelectionViewControllerDelegate {
-        QString option;
-
-        void didSelectOption(const QString& chosen) override { option = chosen; }
-    } chosen;
-
-    list.delegate = &chosen;
-    auto* search = list.findChild<QLineEdit*>();
-    QTest::keyClicks(search, QStringLiteral("C+"));
-    const auto* model = list.findChild<QAbstractItemView*>()->model();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return model->rowCount() == 1; }));
-    QTest::keyClick(search, Qt::Key_Return);
-    EXPECT_EQ(chosen.option, QStringLiteral("c++"));
 }
 
 } // namespace

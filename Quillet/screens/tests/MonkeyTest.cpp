@@ -76,8 +76,15 @@ protected:
         return m_window->windowHandle();
     }
 
+    // A press may take the window away in which it was made.
     void click(QPoint at, Qt::MouseButton button = Qt::LeftButton) const {
-        QTest::mouseClick(target(), button, {}, at);
+        QTest::mousePress(target(), button, {}, at);
+        QTest::mouseRelease(target(), button, {}, at);
+    }
+
+    void strike(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
+        QTest::keyPress(target(), key, modifiers);
+        QTest::keyRelease(target(), key, modifiers);
     }
 
     void clickSomething() {
@@ -100,7 +107,7 @@ protected:
     void type() {
         QString typed = QStringLiteral(" t%1 ").arg(++m_tokens);
         for (const QChar letter : typed)
-            QTest::keyClick(target(), letter.toLatin1());
+            strike(static_cast<Qt::Key>(letter.toUpper().unicode()));
     }
 
     void pressKey() {
@@ -131,7 +138,7 @@ protected:
                                                 {Qt::Key_Comma, Qt::ControlModifier},
                                                 {Qt::Key_Left, Qt::AltModifier}};
         const auto [key, modifiers] = pick(presses);
-        QTest::keyClick(target(), key, modifiers);
+        strike(key, modifiers);
     }
 
     void editText() {

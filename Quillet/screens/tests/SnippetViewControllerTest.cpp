@@ -2,6 +2,7 @@
 
 #include "Quillet/browsing/tests/ScreenDriver.h"
 #include "Quillet/core/SnippetService.h"
+#include "Quillet/core/Tag.h"
 #include "Quillet/core/UserSettings.h"
 #include "Quillet/core/tests/TemporaryLibrary.h"
 #include "Quillet/screens/SnippetRootViewController.h"
@@ -263,6 +264,29 @@ TEST_F(Editor, ASegmentThatWasDeletedElsewhereComesBackWithWhatWasTyped) {
     type(QStringLiteral("typed"));
     window->save();
     EXPECT_EQ(codesOnDisk(), (QStringList{QStringLiteral("own"), QStringLiteral("typed")}));
+    EXPECT_EQ(snippet->sortedSegments().size(), 1U);
+}
+
+TEST_F(Editor, WhatAnotherDeviceDeletesCanStillBeWorkedOn) {
+    const auto snippet = stored(QStringLiteral("s"), QStringLiteral("own"));
+    const auto tag = Tag::create(QStringLiteral("red"), 6, {});
+    CoreDataStack::shared().save(SaveReason::AddedTag);
+    open();
+    show(snippet);
+    driver::click(editor(), QStringLiteral("Tags"));
+    auto* sheet = editor().presentedViewController();
+    ASSERT_NE(sheet, nullptr);
+    CoreDataStack other(directory);
+    other.viewContext().deleteObject(
+        *other.viewContext().fetch({QStringLiteral("Snippet"), {}, {}, {}}).at(0));
+    other.save(SaveReason::EditedItem);
+    ASSERT_TRUE(context().mergeChanges());
+    driver::clickRow(*sheet->findChild<platform::ListView*>(), QStringLiteral("red"));
+    driver::click(*window, QStringLiteral("Close"));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !editor().presentedViewController(); }));
+    EXPECT_EQ(count<Snippet>(), 0U) << "that alone does not bring it back";
+    driver::click(*window, QStringLiteral("Add Segment"));
+    EXPECT_EQ(count<Snippet>(), 1U);
     EXPECT_EQ(snippet->sortedSegments().size(), 1U);
 }
 

@@ -21,7 +21,7 @@ QString helperPath() {
 }
 
 TEST(HighlightProcess, ARunawayIsKilledAtTheDeadlineAndTheNextRequestWorks) {
-    HighlightProcess process(helperPath(), {.start = 30s, .request = 300ms});
+    HighlightProcess process(helperPath(), {.start = 30s, .request = 300ms, .perMillion = 0ms});
     // Many languages over a sample of this size take seconds; the deadline falls in the middle.
     const QString hostile = QStringLiteral("{{[[((<<\"'`aA0_$#@!%^&*-+=|\\/?~ ").repeated(20'000);
     EXPECT_FALSE(process.highlight(hostile, std::nullopt, static_cast<quint32>(hostile.size())));
@@ -36,7 +36,7 @@ TEST(HighlightProcess, AHelperKilledBetweenRequestsIsStartedAnew) {
     const pid_t first = process.pid();
     ASSERT_GT(first, 0);
     kill(first, SIGKILL);
-    EXPECT_TRUE(process.highlight(code, c, 2048));
+    EXPECT_TRUE(process.highlight(code + code, c, 2048));
     EXPECT_NE(process.pid(), first);
 }
 
@@ -65,6 +65,70 @@ TEST(HighlightProcess, TheHelperCanOpenNothing) {
     const QString text = QString::fromLatin1(limits.readAll()).simplified();
     EXPECT_TRUE(text.contains(QStringLiteral("Max open files 3 3"))) << text.toStdString();
     EXPECT_TRUE(text.contains(QStringLiteral("Max file size 0 0")));
+}
+
+TEST(HighlightProcess, WhatWasAskedBeforeIsKnownWithoutTheHelper) {
+    HighlightProcess process(helperPath(), {.start = 30s, .request = 30s});
+    const auto first = process.highlight(code, c, 2048);
+    ASSERT_TRUE(first);
+    const pid_t helper = process.pid();
+    kill(helper, SIGKILL);
+    EXPECT_EQ(process.highlight(code, c, 16), first) << "no sample is taken of a known language";
+    EXPECT_EQ(process.pid(), helper);
+    EXPECT_NE(process.highlight(code, QStringLiteral("cpp"), 2048), first);
+    EXPECT_NE(process.highlight(code + u' ', c, 2048), first);
+    EXPECT_NE(process.highlight(code, std::nullopt, 2048), first);
+}
+
+TEST(HighlightProcess, ARequestThatNobodyWantsAnyMoreIsNotMade) {
+    HighlightProcess process(helperPath(), {.start = 30s, .request = 30s});
+    EXPECT_FALSE(process.highlight(code, c, 2048, [] { return false; }));
+    EXPECT_EQ(process.pid(), 0);
+    EXPECT_TRUE(process.highlight(code, c, 2048, [] { return true; }));
+}
+
+TEST(HighlightCache, KeepsWhatWasUsedLastWithinItsCapacity) {
+    constexpr qsizetype capacity = 10'000;
+    highlight::HighlightCache cache(capacity);
+    const auto question = [](int number) {
+        return highlight::Question{QString(1000, QChar(u'a' + number)), c, 0};
+    };
+    for (int i = 0; i < 10; ++i) {
+        cache.add(question(i), std::make_shared<HighlightedCode>());
+        EXPECT_TRUE(cache.find(question(0))) << i;
+    }
+    EXPECT_FALSE(cache.find(question(5)));
+    EXPECT_TRUE(cache.find(question(9)));
+    cache.add({QString(capacity, u'x'), c, 0}, std::make_shared<HighlightedCode>());
+    EXPECT_FALSE(cache.find({QString(capacity, u'x'), c, 0}));
+    EXPECT_TRUE(cache.find(question(9))) << "what is too large pushes nothing out";
+}
+
+TEST(PriorityMutex, UrgentOnesPassPatientOnes) {
+    using highlight::Priority;
+    highlight::PriorityMutex mutex;
+    std::vector<Priority> order; // guarded by the mutex
+    std::atomic<int> begun = 0;
+    mutex.lock(Priority::Patient);
+    {
+        std::vector<std::jthread> threads;
+        const auto start = [&](Priority priority) {
+            threads.emplace_back([&, priority] {
+                ++begun;
+                mutex.lock(priority);
+                order.push_back(priority);
+                mutex.unlock();
+            });
+        };
+        for (int i = 0; i < 4; ++i)
+            start(Priority::Patient);
+        start(Priority::Urgent);
+        while (begun < 5 || mutex.urgentWaiting() == 0)
+            std::this_thread::yield();
+        mutex.unlock();
+    }
+    ASSERT_EQ(order.size(), 5U);
+    EXPECT_EQ(order.front(), Priority::Urgent);
 }
 
 // Programs in the helper's place that do everything wrong.

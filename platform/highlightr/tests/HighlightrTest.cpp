@@ -11,7 +11,8 @@ using namespace platform;
 namespace {
 
 HighlightedCode scopesOf(const QString& code, const std::optional<QString>& language) {
-    return HighlightProcess::shared().highlight(code, language, 2048).value_or(HighlightedCode());
+    const auto answer = HighlightProcess::shared().highlight(code, language, 2048);
+    return answer ? *answer : HighlightedCode();
 }
 
 // The scope path at a place in the text, joined; empty between runs.

@@ -2,13 +2,16 @@
 
 #include "platform/screens/appearance/FocusRing.h"
 #include "platform/screens/appearance/Symbol.h"
+#include "platform/screens/controls/ActivityIndicator.h"
 #include "platform/screens/controls/ReturnKey.h"
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -31,6 +34,22 @@ BarButton::BarButton(Content content, const QString& accessibleName, QWidget* pa
     setFocusPolicy(Qt::StrongFocus);
 }
 
+void BarButton::setBusy(bool isBusy) {
+    if (isBusy == (m_spinner != nullptr)) return;
+    if (!isBusy) {
+        delete layout();
+        delete std::exchange(m_spinner, nullptr);
+        update();
+        return;
+    }
+    m_spinner = new ActivityIndicator(this);
+    auto* middle = new QHBoxLayout(this);
+    middle->setContentsMargins(0, 0, 0, 0);
+    middle->addWidget(m_spinner);
+    m_spinner->show();
+    m_spinner->startAnimating();
+}
+
 int BarButton::symbolSize() const {
     return std::max(22, fontMetrics().height());
 }
@@ -45,6 +64,7 @@ QSize BarButton::sizeHint() const {
 }
 
 void BarButton::paintEvent(QPaintEvent* /*event*/) {
+    if (m_spinner) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF body = QRectF(rect()).adjusted(3, 4, -3, -4);

@@ -7,6 +7,8 @@
 
 namespace platform {
 
+class ActivityIndicator;
+
 // A button of a bar: a symbol, a text, or a symbol with a text behind it. At least 44 by 44 points; a text
 // that is too long for the button is cut short. Main thread.
 class BarButton : public QAbstractButton {
@@ -22,6 +24,9 @@ public:
 
     BarButton(Content content, const QString& accessibleName, QWidget* parent);
 
+    // A spinner stands in place of what it shows otherwise.
+    void setBusy(bool isBusy);
+
     QSize sizeHint() const override;
 
 protected:
@@ -32,6 +37,7 @@ private:
     int symbolSize() const;
 
     Content m_content;
+    ActivityIndicator* m_spinner = nullptr; // while it is busy
 };
 
 } // namespace platform

@@ -48,7 +48,8 @@ QString toolTipOf(const BarButtonItem& item) {
 
 // What of an item may change while its button stands.
 void bringUpToDate(BarButton& button, QShortcut& shortcut, const BarButtonItem& item) {
-    button.setEnabled(item.isEnabled());
+    button.setEnabled(item.isEnabled() && !item.isBusy());
+    button.setBusy(item.isBusy());
     button.setToolTip(toolTipOf(item));
     shortcut.setKey(item.shortcut());
 }

@@ -8,7 +8,7 @@ BarButtonItem::BarButtonItem(Look look, std::function<void()> action, QObject* p
     , m_action(std::move(action)) {}
 
 void BarButtonItem::trigger() const {
-    if (m_isEnabled && m_action) m_action();
+    if (m_isEnabled && !m_isBusy && m_action) m_action();
 }
 
 void BarButtonItem::setMenu(std::optional<Menu> menu) {
@@ -19,6 +19,12 @@ void BarButtonItem::setMenu(std::optional<Menu> menu) {
 void BarButtonItem::setEnabled(bool isEnabled) {
     if (isEnabled == m_isEnabled) return;
     m_isEnabled = isEnabled;
+    Q_EMIT changed();
+}
+
+void BarButtonItem::setBusy(bool isBusy) {
+    if (isBusy == m_isBusy) return;
+    m_isBusy = isBusy;
     Q_EMIT changed();
 }
 

@@ -43,6 +43,11 @@ public:
 
     void setEnabled(bool isEnabled);
 
+    // Busy with what its press began: a spinner stands in its place, and it takes no further press.
+    bool isBusy() const { return m_isBusy; }
+
+    void setBusy(bool isBusy);
+
     // Also shown in the tool tip. Works while the screen it belongs to is visible and not covered.
     const QKeySequence& shortcut() const { return m_shortcut; }
 
@@ -57,6 +62,7 @@ private:
     std::optional<Menu> m_menu;
     QKeySequence m_shortcut;
     bool m_isEnabled = true;
+    bool m_isBusy = false;
 };
 
 // What a navigation controller's bar shows for one screen. Main thread.

@@ -20,7 +20,7 @@ namespace platform {
 namespace {
 
 // Points.
-constexpr int primaryWidth = 330;
+constexpr int usualPrimaryWidth = 330;
 constexpr int leastPrimaryWidth = 260;
 constexpr int mostPrimaryWidth = 520;
 constexpr int leastSecondaryWidth = 380;
@@ -41,7 +41,7 @@ SplitViewController::SplitViewController(std::unique_ptr<ViewController> primary
     , m_secondary(secondary.release())
     , m_columns(new QWidget(this))
     , m_divider(new SplitDivider(m_columns))
-    , m_primaryWidth(primaryWidth) {
+    , m_primaryWidth(usualPrimaryWidth) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);

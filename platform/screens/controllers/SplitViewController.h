@@ -34,6 +34,12 @@ public:
 
     Column topColumn() const { return m_topColumn; }
 
+    // Of the primary column while there is room, in points, as it was last dragged or set. What does not fit
+    // the window is brought into bounds when it is shown.
+    int primaryWidth() const { return m_primaryWidth; }
+
+    void setPrimaryWidth(int width);
+
 Q_SIGNALS:
     void collapsedChanged(bool isCollapsed);
     void topColumnChanged(platform::SplitViewController::Column column);
@@ -50,7 +56,6 @@ private:
     void collapseIfNeeded();
     void showColumns();
     void showWayBack();
-    void setPrimaryWidth(int width);
     void focusOtherColumn();
 
     ViewController* m_primary;

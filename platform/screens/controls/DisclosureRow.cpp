@@ -25,6 +25,11 @@ DisclosureRow::DisclosureRow(QWidget* parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
+void DisclosureRow::setPlaceholderText(const QString& text) {
+    m_placeholderText = text;
+    update();
+}
+
 QSize DisclosureRow::sizeHint() const {
     return {fontMetrics().horizontalAdvance(text()) + chevronSize + 4 * gap, heightOf(fontMetrics())};
 }
@@ -43,8 +48,10 @@ void DisclosureRow::paintEvent(QPaintEvent* /*event*/) {
     style::drawField(option, painter);
     const QRect inner = style::fieldContents(rect());
     const QRect line = inner.adjusted(0, 0, -(chevronSize + gap), 0);
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, line.width());
-    painter.setPen(color(Asset::Text));
+    const bool isEmpty = text().isEmpty();
+    const QString shown =
+        fontMetrics().elidedText(isEmpty ? m_placeholderText : text(), Qt::ElideRight, line.width());
+    painter.setPen(color(isEmpty ? Asset::TextSecondary : Asset::Text));
     painter.drawText(QStyle::visualRect(layoutDirection(), rect(), line),
                      QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter, shown);
     const QRect end(inner.right() + 1 - chevronSize, inner.center().y() - chevronSize / 2, chevronSize,

@@ -12,11 +12,17 @@ class DisclosureRow : public QAbstractButton {
 public:
     explicit DisclosureRow(QWidget* parent = nullptr);
 
+    // Shown while there is no text.
+    void setPlaceholderText(const QString& text);
+
     QSize sizeHint() const override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override; // Return presses, as Space does
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_placeholderText;
 };
 
 } // namespace platform

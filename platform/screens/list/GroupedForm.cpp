@@ -1,6 +1,5 @@
 #include "platform/screens/list/GroupedForm.h"
 
-#include "platform/screens/appearance/Palette.h"
 #include "platform/screens/appearance/TypeScale.h"
 #include "platform/screens/style/Metrics.h"
 
@@ -21,16 +20,21 @@ constexpr int focusMargin = 24;   // of what is scrolled into view with the widg
 
 class Card : public QWidget {
 public:
-    using QWidget::QWidget;
+    Card(const GroupedForm& form, QWidget* parent)
+        : QWidget(parent)
+        , m_form(&form) {}
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(color(Asset::Card));
+        painter.setBrush(color(m_form->cardColor));
         painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
     }
+
+private:
+    const GroupedForm* m_form; // around this
 };
 
 QLabel* makeCaption(const QString& text, QWidget* parent) {
@@ -72,7 +76,7 @@ QVBoxLayout& GroupedForm::addSection(const QString& heading, const QString& foot
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(spacing / 2);
     if (!heading.isEmpty()) column->addWidget(makeCaption(heading, section.get()));
-    auto* card = new Card(section.get());
+    auto* card = new Card(*this, section.get());
     card->setAccessibleName(heading);
     column->addWidget(card);
     if (!footer.isEmpty()) column->addWidget(makeCaption(footer, section.get()));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/screens/appearance/Palette.h"
+
 #include <QtWidgets/QScrollArea>
 
 #include <memory>
@@ -21,6 +23,9 @@ public:
     QVBoxLayout& addSection(const QString& heading, const QString& footer = {});
     // Something between sections, without a card.
     void addWidget(std::unique_ptr<QWidget> widget);
+
+    // What the sections are painted on.
+    Asset cardColor = Asset::Card;
 
 private:
     void showFocus(QWidget* before, QWidget* now);

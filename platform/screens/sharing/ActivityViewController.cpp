@@ -1,31 +1,37 @@
 #include "platform/screens/sharing/ActivityViewController.h"
 
+#include "platform/screens/appearance/TypeScale.h"
 #include "platform/screens/controllers/AlertController.h"
-#include "platform/screens/controls/TextLabel.h"
-#include "platform/screens/list/ListView.h"
+#include "platform/screens/controls/SymbolButton.h"
+#include "platform/screens/list/RowParts.h"
 #include "platform/screens/sharing/Mail.h"
 #include "platform/screens/sharing/OpenWith.h"
+#include "platform/screens/sharing/SavePanel.h"
 #include "platform/screens/sharing/ShareFile.h"
+#include "platform/screens/sharing/SharePreview.h"
 
 #include <QtCore/QPointer>
-#include <QtCore/QStandardPaths>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QStandardItemModel>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
 
 namespace platform {
 
 namespace {
 
-constexpr int sheetWidth = 300;    // points
-constexpr int rowHeight = 48; // about
-constexpr int thumbnailHeight = 56;
-constexpr qsizetype mostOfABody = 20'000; // code units; what is longer goes as a file
+// Points.
+constexpr int leastWidth = 300;
+constexpr int besideATitle = 110; // margins and symbol
+constexpr int previewMargin = 14; // above it
+constexpr int previewSide = 20;
+constexpr int closeSide = 8;
+
+constexpr qsizetype mostOfABody = 20'000; // bytes; a longer text goes as a file
 
 void tellFailure(ViewController& over, const QString& what) {
     showAlert(over, QStringLiteral("Quillet"), what, QStringLiteral("OK"));
@@ -33,23 +39,17 @@ void tellFailure(ViewController& over, const QString& what) {
 
 void copy(const ShareItem& item, ViewController& /*over*/) {
     auto* clipboard = QGuiApplication::clipboard();
-    if (const auto* image = std::get_if<QImage>(&item.content))
+    if (const auto* image = item.image())
         clipboard->setImage(*image);
     else
-        clipboard->setText(std::get<QString>(item.content));
+        clipboard->setText(*item.text());
 }
 
 void saveAs(const ShareItem& item, ViewController& over) {
-    auto* dialog = new QFileDialog(over.window(), QStringLiteral("Save As"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialog->selectFile(item.fileName());
-    QObject::connect(dialog, &QFileDialog::fileSelected, &over, [item, &over](const QString& path) {
-        if (const auto written = writeItem(item, path); !written)
-            tellFailure(over, QStringLiteral("The file could not be saved: %1").arg(written.error()));
+    askWhereToSave(*over.window(), item.fileName(), [item, over = QPointer(&over)](const QString& path) {
+        if (const auto written = writeItem(item, path); !written && over)
+            tellFailure(*over, QStringLiteral("The file could not be saved: %1").arg(written.error()));
     });
-    dialog->open();
 }
 
 // A file of the item, or a word to the user.
@@ -60,11 +60,15 @@ std::optional<QString> fileFor(const ShareItem& item, ViewController& over) {
     return std::nullopt;
 }
 
+// What a command line cannot carry has to be a file.
+bool fitsABody(const QString& text) {
+    return text.size() <= mostOfABody && text.toUtf8().size() <= mostOfABody && !text.contains(QChar(0));
+}
+
 void sendByMail(const ShareItem& item, ViewController& over) {
-    MailMessage message{.recipient = {}, .subject = item.name, .body = {}};
-    const auto* text = std::get_if<QString>(&item.content);
-    if (text && text->size() <= mostOfABody) {
-        message.body = *text;
+    MailMessage message{.recipient = {}, .subject = item.name.simplified(), .body = {}};
+    if (item.text() && fitsABody(*item.text())) {
+        message.body = *item.text();
     } else if (const auto path = fileFor(item, over)) {
         message.attachments = {*path};
     } else {
@@ -98,53 +102,26 @@ ActivityViewController::ActivityViewController(ShareItem item, QWidget* parent)
     , m_activities(activities()) {
     setTitle(QStringLiteral("Share"));
     setAccessibleName(title());
-}
-
-void ActivityViewController::viewDidLoad() {
-    ViewController::viewDidLoad();
+    auto* preview = new SharePreview(m_item, this);
+    auto* close = new SymbolButton(QStringLiteral("xmark.circle.fill"), QStringLiteral("Close"),
+                                   Asset::TextSecondary, this);
+    connect(close, &QAbstractButton::clicked, this, [this] { dismiss(); });
+    auto* list = makeList();
+    setFocusProxy(list);
+    setPreferredContentSize(
+        preferredSize(std::max(preview->sizeHint().height(), close->sizeHint().height())));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 12, 0, 0);
+    column->setContentsMargins(0, previewMargin, 0, 0);
     column->setSpacing(0);
-    addPreview();
-    addList();
-    const int rows = static_cast<int>(m_activities.size());
-    setPreferredContentSize({sheetWidth, layout()->itemAt(0)->sizeHint().height() + 44 + rows * rowHeight});
+    auto* top = new QHBoxLayout;
+    top->setContentsMargins(previewSide, 0, closeSide, 0);
+    top->addWidget(preview);
+    top->addWidget(close, 0, Qt::AlignTop);
+    column->addLayout(top);
+    column->addWidget(list);
 }
 
-void ActivityViewController::addPreview() {
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(20, 0, 20, 0);
-    row->setSpacing(10);
-    if (const auto* image = std::get_if<QImage>(&m_item.content)) {
-        auto* thumbnail = new QLabel(this);
-        const qreal scale = devicePixelRatio();
-        auto small =
-            image->scaledToHeight(static_cast<int>(thumbnailHeight * scale), Qt::SmoothTransformation);
-        small.setDevicePixelRatio(scale);
-        thumbnail->setPixmap(QPixmap::fromImage(small));
-        thumbnail->setMaximumWidth(sheetWidth / 2);
-        thumbnail->setAccessibleName(QStringLiteral("Preview"));
-        row->addWidget(thumbnail);
-    }
-    const QString text = m_item.isImage() ? QString() : std::get<QString>(m_item.content);
-    const QString firstLine = text.left(200).trimmed().section(u'\n', 0, 0);
-    const QString name = m_item.name.isEmpty() ? m_item.fileName() : m_item.name;
-    auto* words = new QVBoxLayout;
-    words->setSpacing(2);
-    for (const auto& [line, style, role] :
-         {std::tuple(name, TextStyle::Headline, QPalette::WindowText),
-          std::tuple(firstLine, TextStyle::Footnote, QPalette::PlaceholderText)}) {
-        auto* label = makeLabel({}, style, this, role);
-        label->setWordWrap(false);
-        label->setText(label->fontMetrics().elidedText(line, Qt::ElideRight, sheetWidth - 60));
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        if (!line.isEmpty()) words->addWidget(label);
-    }
-    row->addLayout(words, 1);
-    static_cast<QVBoxLayout*>(layout())->addLayout(row);
-}
-
-void ActivityViewController::addList() {
+ListView* ActivityViewController::makeList() {
     auto* list = new ListView(this);
     auto* model = new QStandardItemModel(list);
     for (const auto& activity : m_activities) {
@@ -155,21 +132,27 @@ void ActivityViewController::addList() {
     }
     list->setModel(model);
     list->setAccessibleName(QStringLiteral("Ways to share"));
-    list->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     connect(list, &ListView::rowActivated, this,
             [this](const QModelIndex& index) { perform(static_cast<std::size_t>(index.row())); });
-    layout()->addWidget(list);
-    setFocusProxy(list);
-    list->setCurrentIndex(model->index(0, 0));
+    return list;
+}
+
+QSize ActivityViewController::preferredSize(int topHeight) const {
+    const auto rows = listMetrics();
+    QSize size(leastWidth, previewMargin + topHeight + rows.top + rows.bottom);
+    for (const auto& activity : m_activities) {
+        const int title = QFontMetrics(platform::font(TextStyle::Body)).horizontalAdvance(activity.title);
+        size = QSize(std::max(size.width(), title + besideATitle), size.height() + rows.row);
+    }
+    return size;
 }
 
 // The sheet goes first, so that whatever comes next lies over who presented it.
 void ActivityViewController::perform(std::size_t activity) {
-    const auto run = [perform = m_activities[activity].perform, item = m_item,
-                      over = QPointer(presentingViewController())] {
+    dismiss(Animated::Yes, [perform = m_activities[activity].perform, item = m_item,
+                            over = QPointer(presentingViewController())] {
         if (over) perform(item, *over);
-    };
-    dismiss(Animated::Yes, run);
+    });
 }
 
 } // namespace platform

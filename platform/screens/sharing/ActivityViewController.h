@@ -17,21 +17,19 @@ class ActivityViewController : public ViewController {
 public:
     explicit ActivityViewController(ShareItem item, QWidget* parent = nullptr);
 
-protected:
-    void viewDidLoad() override;
-
 private:
     struct Activity {
         QString title;
         QString symbol;
-        // On behalf of who presented the sheet, if that is still there.
+        // On behalf of who presented the sheet.
         void (*perform)(const ShareItem& item, ViewController& over);
     };
 
     static std::vector<Activity> activities();
 
-    void addPreview();
-    void addList();
+    ListView* makeList();
+    // Of all rows below what is on top of them, which is so high.
+    QSize preferredSize(int topHeight) const;
     void perform(std::size_t activity);
 
     ShareItem m_item;

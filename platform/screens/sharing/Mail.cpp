@@ -1,58 +1,66 @@
 #include "platform/screens/sharing/Mail.h"
 
-#include <QtCore/QFile>
+#include "platform/screens/sharing/MailHandlerQuery.h"
+
 #include <QtCore/QProcess>
 #include <QtCore/QStandardPaths>
-
-#include <algorithm>
+#include <QtCore/QUrl>
+#include <QtGui/QDesktopServices>
 
 namespace platform {
 
 namespace {
 
-QString mailProgram() {
-    return QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
+QString encoded(QString text) {
+    text.replace(QStringLiteral("\n"), QStringLiteral("\r\n")); // how a mail's lines end
+    return QString::fromLatin1(QUrl::toPercentEncoding(text));
 }
 
-// Whether one of the desktop's lists names a program for it.
-bool isHandled(const QString& path) {
-    QFile list(path);
-    if (!list.open(QIODevice::ReadOnly)) return false;
-    while (!list.atEnd()) {
-        const QByteArray line = list.readLine().trimmed();
-        if (line.startsWith("x-scheme-handler/mailto=") && !line.endsWith('=')) return true;
-    }
-    return false;
+// Encoded as a URL, an address cannot be taken for an option.
+QString mailtoOf(const QString& recipient) {
+    return QStringLiteral("mailto:") + QString::fromLatin1(QUrl::toPercentEncoding(recipient, "@"));
 }
 
-bool hasHandler() {
-    QStringList lists =
-        QStandardPaths::locateAll(QStandardPaths::GenericConfigLocation, QStringLiteral("mimeapps.list"));
-    for (const auto* name : {"mimeapps.list", "mimeinfo.cache", "defaults.list"})
-        lists += QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
-                                           QStringLiteral("applications/") + QString::fromLatin1(name));
-    return std::ranges::any_of(lists, isHandled);
+QUrl urlOf(const MailMessage& message) {
+    QStringList fields;
+    if (!message.subject.isEmpty()) fields += QStringLiteral("subject=") + encoded(message.subject);
+    if (!message.body.isEmpty()) fields += QStringLiteral("body=") + encoded(message.body);
+    QString url = mailtoOf(message.recipient);
+    if (!fields.isEmpty()) url += u'?' + fields.join(u'&');
+    return QUrl(url, QUrl::StrictMode);
 }
 
-// What begins with a hyphen would be taken for an option.
-QString asArgument(const QString& text) {
-    return text.startsWith(u'-') ? u' ' + text : text;
+// An option takes what follows it whatever it starts with, but refuses an empty text.
+QStringList argumentsOf(const MailMessage& message) {
+    QStringList arguments{QStringLiteral("--utf8")};
+    if (!message.subject.isEmpty()) arguments << QStringLiteral("--subject") << message.subject;
+    if (!message.body.isEmpty()) arguments << QStringLiteral("--body") << message.body;
+    for (const QString& path : message.attachments)
+        arguments << QStringLiteral("--attach") << path;
+    if (!message.recipient.isEmpty()) arguments << mailtoOf(message.recipient);
+    return arguments;
+}
+
+void open(const MailMessage& message) {
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
+    if (program.isEmpty())
+        QDesktopServices::openUrl(urlOf(message));
+    else
+        QProcess::startDetached(program, argumentsOf(message));
 }
 
 } // namespace
 
 bool canSendMail() {
-    return !mailProgram().isEmpty() && hasHandler();
+    auto& query = MailHandlerQuery::shared();
+    query.ask();
+    return query.lastAnswer();
 }
 
 void composeMail(const MailMessage& message) {
-    if (!canSendMail()) return;
-    QStringList arguments{QStringLiteral("--utf8"), QStringLiteral("--subject"), asArgument(message.subject),
-                          QStringLiteral("--body"), asArgument(message.body)};
-    for (const QString& path : message.attachments)
-        arguments << QStringLiteral("--attach") << path;
-    if (!message.recipient.isEmpty()) arguments << message.recipient;
-    QProcess::startDetached(mailProgram(), arguments);
+    MailHandlerQuery::shared().ask([message](bool isKnown) {
+        if (isKnown) open(message);
+    });
 }
 
 } // namespace platform

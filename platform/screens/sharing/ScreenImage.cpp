@@ -1,6 +1,5 @@
 #include "platform/screens/sharing/ScreenImage.h"
 
-#include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QPlainTextEdit>
 
 namespace platform {
@@ -10,7 +9,7 @@ namespace {
 // While it lives a text view has no caret.
 class WithoutCaret {
 public:
-    explicit WithoutCaret(QAbstractScrollArea& view)
+    explicit WithoutCaret(QWidget& view)
         : m_text(qobject_cast<QPlainTextEdit*>(&view))
         , m_width(m_text ? m_text->cursorWidth() : 0) {
         if (m_text) m_text->setCursorWidth(0);
@@ -30,11 +29,13 @@ private:
 
 } // namespace
 
-QImage imageOf(QAbstractScrollArea& view) {
-    const WithoutCaret withoutCaret(view);
-    QWidget& visible = *view.viewport();
+QImage imageOf(const QWidget& view) {
+    auto& shown = const_cast<QWidget&>(view); // is drawn, and left as it was
+    const WithoutCaret withoutCaret(shown);
+    const auto* scrolls = qobject_cast<QAbstractScrollArea*>(&shown);
+    QWidget& visible = scrolls ? *scrolls->viewport() : shown;
     const qreal scale = visible.devicePixelRatio();
-    QImage image(visible.size() * scale, QImage::Format_RGB32);
+    QImage image((QSizeF(visible.size()) * scale).toSize(), QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
     image.fill(visible.palette().color(visible.backgroundRole()));
     visible.render(&image);

@@ -4,10 +4,13 @@
 #include <QtCore/QDir>
 #include <QtCore/QSaveFile>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QImageWriter>
 
 namespace platform {
 
 namespace {
+
+constexpr double dotsPerMeter = 96 / 0.0254; // at scale 1
 
 // Gone with the application object: other programs have what they wanted by then.
 QTemporaryDir& folder() {
@@ -20,18 +23,30 @@ QTemporaryDir& folder() {
     return *folder;
 }
 
+// A PNG has no scale, but a resolution, from which others take how large it was on the screen.
+bool write(const QImage& image, QIODevice& file, QString& error) {
+    QImage picture = image;
+    const int resolution = qRound(image.devicePixelRatio() * dotsPerMeter);
+    picture.setDotsPerMeterX(resolution);
+    picture.setDotsPerMeterY(resolution);
+    QImageWriter writer(&file, "PNG");
+    if (writer.write(picture)) return true;
+    error = writer.errorString();
+    return false;
+}
+
 } // namespace
 
 std::expected<void, QString> writeItem(const ShareItem& item, const QString& path) {
     QSaveFile file(path);
-    bool isWritten = file.open(QIODevice::WriteOnly);
-    if (isWritten) {
-        if (const auto* image = std::get_if<QImage>(&item.content))
-            isWritten = image->save(&file, "PNG");
-        else
-            isWritten = file.write(std::get<QString>(item.content).toUtf8()) >= 0;
+    if (!file.open(QIODevice::WriteOnly)) return std::unexpected(file.errorString());
+    if (const auto* image = item.image()) {
+        QString error;
+        if (!write(*image, file, error)) return std::unexpected(error);
+    } else {
+        file.write(item.text()->toUtf8()); // an error is found at the commit
     }
-    if (isWritten && file.commit()) return {};
+    if (file.commit()) return {};
     return std::unexpected(file.errorString());
 }
 
@@ -39,6 +54,7 @@ std::expected<QString, QString> temporaryFileOf(const ShareItem& item) {
     if (!folder().isValid()) return std::unexpected(folder().errorString());
     // Two of one name are two files.
     QTemporaryDir one(folder().filePath(QStringLiteral("XXXXXX")));
+    if (!one.isValid()) return std::unexpected(one.errorString());
     one.setAutoRemove(false);
     const QString path = one.filePath(item.fileName());
     if (auto written = writeItem(item, path); !written) return std::unexpected(written.error());

@@ -13,9 +13,13 @@ struct ShareItem {
     QString name;   // what it is called, in any characters
     QString suffix; // of a file of the text, such as "swift"; a picture's is "png"
 
-    bool isImage() const { return std::holds_alternative<QImage>(content); }
+    // Null for a picture.
+    const QString* text() const { return std::get_if<QString>(&content); }
 
-    // Safe in any file system.
+    // Null for a text.
+    const QImage* image() const { return std::get_if<QImage>(&content); }
+
+    // Of the name: no hidden file and no path, short enough for any file system.
     QString fileName() const;
 };
 

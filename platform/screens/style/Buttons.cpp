@@ -181,7 +181,7 @@ void drawCheckBox(const QStyleOptionButton& option, QPainter& painter) {
     painter.setPen(color(has(option, QStyle::State_Enabled) ? Asset::Text : Asset::TextSecondary));
     painter.drawText(switchTextRect(option),
                      QStyle::visualAlignment(option.direction, Qt::AlignLeft) | Qt::AlignVCenter |
-                         Qt::TextShowMnemonic,
+                         Qt::TextShowMnemonic | Qt::TextWordWrap,
                      option.text);
     painter.restore();
 }

@@ -1,6 +1,7 @@
 #include "platform/screens/appearance/DesktopSettings.h"
 
-#include <QtCore/QProcess>
+#include "platform/screens/tests/PrivateBus.h"
+
 #include <QtCore/QThread>
 #include <QtDBus/QDBusMessage>
 #include <QtTest/QTest>
@@ -42,19 +43,11 @@ public Q_SLOTS:
 
 class DesktopSettingsTest : public ::testing::Test {
 protected:
-    DesktopSettingsTest() {
-        daemon.start(q("dbus-daemon"), {q("--session"), q("--nofork"), q("--print-address")});
-        EXPECT_TRUE(daemon.waitForReadyRead());
-        address = QString::fromUtf8(daemon.readLine()).trimmed();
-    }
-
     ~DesktopSettingsTest() override {
         thread.quit();
         thread.wait();
         QDBusConnection::disconnectFromBus(q("portal"));
         QDBusConnection::disconnectFromBus(q("program"));
-        daemon.kill();
-        daemon.waitForFinished();
     }
 
     void startPortal(const QVariantMap& settings) {
@@ -72,10 +65,11 @@ protected:
         QDBusConnection(q("portal")).send(signal);
     }
 
-    QDBusConnection connected(const char* name) { return QDBusConnection::connectToBus(address, q(name)); }
+    QDBusConnection connected(const char* name) {
+        return QDBusConnection::connectToBus(daemon.address, q(name));
+    }
 
-    QProcess daemon;
-    QString address;
+    PrivateBus daemon;
     QThread thread;
     FakePortal portal;
 };

@@ -48,6 +48,24 @@ SplitText splitBreaks(const QString& text) {
     return split;
 }
 
+std::vector<AttributeRun> splitRuns(const QString& text, const std::vector<AttributeRun>& runs) {
+    qsizetype at = 0;
+    qsizetype dropped = 0; // units that one '\n' for two has cost before `at`
+    const auto moved = [&](qsizetype to) {
+        for (; at < std::min(to, text.size()); ++at)
+            if (at > 0 && text[at] == u'\n' && text[at - 1] == u'\r') ++dropped;
+        return to - dropped;
+    };
+    std::vector<AttributeRun> split;
+    split.reserve(runs.size());
+    for (const AttributeRun& run : runs) {
+        const qsizetype start = moved(run.start);
+        const qsizetype limit = moved(run.limit);
+        if (start < limit) split.push_back({start, limit, run.attributes});
+    }
+    return split;
+}
+
 QString joinBreaks(const QString& text, const std::vector<LineBreak>& breaks) {
     QString joined;
     joined.reserve(text.size() + static_cast<qsizetype>(breaks.size()));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/foundation/AttributedString.h"
+
 #include <QtCore/QString>
 
 #include <cstdint>
@@ -17,6 +19,9 @@ struct SplitText {
 };
 
 SplitText splitBreaks(const QString& text);
+
+// Where runs of `text` lie once it is split.
+std::vector<AttributeRun> splitRuns(const QString& text, const std::vector<AttributeRun>& runs);
 
 // The reverse. Every '\n' of `text` takes the next break; a '\n' beyond the last break stays.
 QString joinBreaks(const QString& text, const std::vector<LineBreak>& breaks);
