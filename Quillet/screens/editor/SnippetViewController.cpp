@@ -22,6 +22,7 @@
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/screens/controllers/AlertController.h"
 #include "platform/screens/controllers/NavigationController.h"
+#include "platform/screens/controllers/SizeClass.h"
 #include "platform/screens/controllers/SplitViewController.h"
 #include "platform/screens/controls/ActivityIndicator.h"
 #include "platform/screens/controls/SymbolButton.h"
@@ -186,13 +187,17 @@ void SnippetViewController::viewDidLoad() {
         load();
     } else {
         showHint();
-        m_languageButton->hide();
-        m_pickLanguageButton->hide();
-        m_editButton->setEnabled(false);
-        m_moreButton->setEnabled(false);
-        m_saveButton->setEnabled(false);
+        offerActions(false);
     }
     refreshInfo();
+}
+
+void SnippetViewController::offerActions(bool hasSnippet) {
+    for (QWidget* button :
+         {static_cast<QWidget*>(m_languageButton), static_cast<QWidget*>(m_pickLanguageButton)})
+        button->setVisible(hasSnippet);
+    for (auto* button : {m_moreButton, m_editButton, m_saveButton})
+        button->setEnabled(hasSnippet);
 }
 
 void SnippetViewController::viewWillAppear(platform::Animated animated) {
@@ -201,17 +206,17 @@ void SnippetViewController::viewWillAppear(platform::Animated animated) {
                                     .remove = [this] { deleteTapped(); },
                                     .shareImage = [this] { shareImage(); },
                                     .shareText = [this] { shareText(); }}));
-    showBar(platform::horizontalSizeClass(*this));
+    showBar();
 }
 
-void SnippetViewController::viewDidAppear(platform::Animated animated) {
-    ViewController::viewDidAppear(animated);
-    showBar(platform::horizontalSizeClass(*this));
+void SnippetViewController::resizeEvent(QResizeEvent* event) {
+    ViewController::resizeEvent(event);
+    showBar();
 }
 
 // Beside the list the screen has a bar of its own; by itself it needs the way back.
-void SnippetViewController::showBar(platform::SizeClass sizeClass) {
-    const bool isCompact = sizeClass == platform::SizeClass::Compact;
+void SnippetViewController::showBar() {
+    const bool isCompact = platform::horizontalSizeClass(*this) == platform::SizeClass::Compact;
     if (auto* navigation = navigationController()) navigation->setNavigationBarHidden(!isCompact);
     m_head->setVisible(!isCompact);
     auto* column = static_cast<QVBoxLayout*>(layout());
@@ -245,10 +250,7 @@ void SnippetViewController::showNoSnippet() {
     m_text.leave();
     m_selectedSegment.reset();
     m_activityIndicator->stopAnimating();
-    for (auto* button : {m_moreButton, m_editButton, m_saveButton})
-        button->setEnabled(false);
-    m_languageButton->hide();
-    m_pickLanguageButton->hide();
+    offerActions(false);
     m_screenTitle = QString();
     nameScreen();
     refreshInfo();
@@ -268,15 +270,12 @@ void SnippetViewController::showHint() {
 }
 
 void SnippetViewController::load() {
-    m_languageButton->show();
-    m_pickLanguageButton->show();
+    offerActions(true);
     nameScreen();
     m_text.leave();
     m_textStorage->setAttributedString({});
     m_activityIndicator->startAnimating();
     setSelectedLanguage(m_snippet->language());
-    for (auto* button : {m_moreButton, m_editButton, m_saveButton})
-        button->setEnabled(true);
     m_selectedSegment.reset();
     loadCode(CodeOwner(m_snippet));
     m_highlight.repeat();
@@ -379,10 +378,7 @@ void SnippetViewController::adoptNew(std::shared_ptr<Snippet> snippet) {
     m_text.adopt(CodeOwner(m_snippet));
     m_textView->setPlaceholderText(placeholder);
     nameScreen();
-    m_languageButton->show();
-    m_pickLanguageButton->show();
-    for (auto* button : {m_moreButton, m_editButton, m_saveButton})
-        button->setEnabled(true);
+    offerActions(true);
     setSelectedLanguage(m_snippet->language());
     refreshInfo();
 }
@@ -559,7 +555,6 @@ void SnippetViewController::refreshInfo() {
     m_snippetInfoViewModel = std::make_shared<SnippetInfoViewModel>();
     m_snippetInfoViewModel->snippet.set(m_snippet);
     auto view = std::make_unique<SnippetInfoView>(m_snippetInfoViewModel, infoCallbacks());
-    view->onSizeClass = [this](platform::SizeClass sizeClass) { showBar(sizeClass); };
     m_snippetInfoHostingController = new SelfSizingHostingController(std::move(view), m_snippetInfoContainer);
     m_snippetInfoContainer->layout()->addWidget(m_snippetInfoHostingController);
 }

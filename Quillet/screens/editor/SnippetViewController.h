@@ -8,7 +8,6 @@
 #include "Quillet/screens/editor/EditedText.h"
 #include "Quillet/screens/info/SnippetInfoView.h"
 #include "platform/foundation/Timer.h"
-#include "platform/screens/controllers/SizeClass.h"
 #include "platform/screens/controllers/ViewController.h"
 
 #include <optional>
@@ -86,7 +85,7 @@ public:
 protected:
     void viewDidLoad() override;
     void viewWillAppear(platform::Animated animated) override;
-    void viewDidAppear(platform::Animated animated) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -94,7 +93,8 @@ private:
     void layOutViews();
     void setUpText();
     void setupFontsThemeAndColors();
-    void showBar(platform::SizeClass sizeClass);
+    void showBar();
+    void offerActions(bool hasSnippet);
     void nameScreen();
 
     // Loading.

@@ -99,26 +99,8 @@ std::unique_ptr<QWidget> SnippetInfoView::makeRows() {
     return rows;
 }
 
-void SnippetInfoView::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    m_horizontalSizeClass.reset();
-    tellSizeClass();
-}
-
-void SnippetInfoView::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    tellSizeClass();
-}
-
 void SnippetInfoView::paintEvent(QPaintEvent* /*event*/) {
     QPainter(this).fillRect(rect(), platform::color(platform::Asset::BackgroundGrey));
-}
-
-void SnippetInfoView::tellSizeClass() {
-    const auto sizeClass = platform::horizontalSizeClass(*this);
-    if (sizeClass == m_horizontalSizeClass) return;
-    m_horizontalSizeClass = sizeClass;
-    if (onSizeClass) onSizeClass(sizeClass);
 }
 
 } // namespace quillet

@@ -2,12 +2,9 @@
 
 #include "Quillet/screens/info/SnippetInfoCallbacks.h"
 #include "Quillet/screens/info/SnippetInfoViewModel.h"
-#include "platform/screens/controllers/SizeClass.h"
 #include "platform/store/ManagedObjectContext.h"
 
 #include <QtWidgets/QWidget>
-
-#include <optional>
 
 namespace platform {
 class BarTitle;
@@ -30,9 +27,6 @@ public:
     SnippetInfoView(std::shared_ptr<SnippetInfoViewModel> viewModel, SnippetInfoCallbacks callbacks,
                     QWidget* parent = nullptr);
 
-    // Told when the panel comes up, and when the room of its window changes.
-    std::function<void(platform::SizeClass)> onSizeClass;
-
     bool showTagsAndSegments() const { return m_showTagsAndSegments; }
 
     // Absent for the snippet's own code, as after each new snippet.
@@ -41,8 +35,6 @@ public:
     const SnippetInfoCallbacks& callbacks() const { return m_callbacks; }
 
 protected:
-    void showEvent(QShowEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -50,12 +42,10 @@ private:
     void follow();
     void showTexts();
     std::unique_ptr<QWidget> makeRows();
-    void tellSizeClass();
 
     std::shared_ptr<SnippetInfoViewModel> m_viewModel;
     SnippetInfoCallbacks m_callbacks;
     bool m_showTagsAndSegments = true;
-    std::optional<platform::SizeClass> m_horizontalSizeClass;
     platform::BarTitle* m_title;
     NotesLabel* m_notes;
     DisclosureToggle* m_toggle;

@@ -342,16 +342,4 @@ TEST_F(InfoPanel, TagsThatDoNotFitScrollByTheKeyboard) {
     EXPECT_GT(bar.value(), 0);
 }
 
-TEST_F(InfoPanel, TellsTheRoomOfItsWindow) {
-    open();
-    std::vector<platform::SizeClass> told;
-    panel->hide();
-    panel->onSizeClass = [&](platform::SizeClass sizeClass) { told.push_back(sizeClass); };
-    panel->show();
-    panel->resize(400, 200);
-    panel->resize(1000, 200);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() >= 2; }));
-    EXPECT_EQ(told, (std::vector{platform::SizeClass::Compact, platform::SizeClass::Regular}));
-}
-
 } // namespace

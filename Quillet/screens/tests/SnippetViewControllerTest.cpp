@@ -8,6 +8,8 @@
 #include "Quillet/screens/SnippetRootViewController.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/screens/controllers/AlertController.h"
+#include "platform/screens/controllers/NavigationBar.h"
+#include "platform/screens/controllers/NavigationController.h"
 #include "platform/screens/sharing/ActivityViewController.h"
 
 #include <QtGui/QClipboard>
@@ -377,6 +379,19 @@ TEST_F(Editor, TheSizeOfTheCodeIsNoSetting) {
     UserSettings::shared().fontSize.set(30);
     platform::NotificationCenter::defaultCenter().post(reloadTextViewNotification);
     EXPECT_EQ(text().font(), before);
+}
+
+TEST_F(Editor, AWindowThatBecomesNarrowHasAWayBackAlsoWithoutASnippet) {
+    open();
+    const auto& bar = editor().navigationController()->navigationBar();
+    EXPECT_FALSE(bar.isVisible());
+    window->resize(390, 700);
+    window->showColumn(platform::SplitViewController::Column::Secondary);
+    EXPECT_TRUE(bar.isVisible());
+    driver::click(*window, QStringLiteral("Back"));
+    EXPECT_FALSE(text().isVisible());
+    window->resize(1000, 700);
+    EXPECT_FALSE(bar.isVisible());
 }
 
 TEST_F(Editor, InANarrowWindowADeletionLeadsBackToTheList) {
