@@ -5,6 +5,7 @@
 #include "Quillet/core/CoreDataStack.h"
 #include "Quillet/core/UserSettings.h"
 #include "app/WindowGeometry.h"
+#include "platform/screens/sharing/Mail.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -27,6 +28,7 @@ void SceneDelegate::willConnect() {
     m_window->installEventFilter(this);
     placeWindow();
     m_window->show();
+    platform::canSendMail(); // the desktop's answer is there when something is first shared
     // A tablet's shell suspends the program as a whole.
     connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         if (state == Qt::ApplicationSuspended || state == Qt::ApplicationHidden) didEnterBackground();

@@ -13,6 +13,7 @@
 #include "Quillet/screens/details/SnippetDetailsViewController.h"
 #include "Quillet/screens/editor/SnippetViewController.h"
 #include "Quillet/screens/settings/SettingsHostController.h"
+#include "platform/screens/appearance/InputKind.h"
 #include "platform/screens/controllers/AlertController.h"
 
 #include <QtCore/QCoreApplication>
@@ -133,7 +134,13 @@ void SnippetRootViewController::didCreate(const std::shared_ptr<Snippet>& snippe
     // What stood in the editor goes to its own snippet before the new one takes its place.
     didSelect(snippet);
     if (m_homeListViewController) m_homeListViewController->select(snippet);
-    if (presentedViewController()) dismiss();
+    if (presentedViewController()) dismiss(platform::Animated::Yes, [this] { startTyping(); });
+}
+
+// By touch it would bring up the keyboard unasked.
+void SnippetRootViewController::startTyping() {
+    if (m_snippetViewController && platform::currentInput() != platform::InputKind::Touch)
+        m_snippetViewController->textView().setFocus();
 }
 
 void SnippetRootViewController::didEdit(const std::shared_ptr<Snippet>& /*snippet*/) {}

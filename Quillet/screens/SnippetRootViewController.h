@@ -46,6 +46,7 @@ public:
     void save();
     void didTapEdit();
     void presentNewModally();
+    void startTyping();
     void presentSettingsModally();
     void presentThemePicker();
     void presentLanguagePicker();

@@ -3,7 +3,6 @@
 #include "Halcyonix/KeyboardAccessory.h"
 #include "Quillet/browsing/SelectionNavigationController.h"
 #include "Quillet/browsing/TagSelectionView.h"
-#include "Quillet/controls/ModalTextFieldHost.h"
 #include "Quillet/controls/QuilletNavigationBar.h"
 #include "Quillet/controls/SelfSizingHostingController.h"
 #include "Quillet/controls/SnippetNavigationController.h"
@@ -16,8 +15,8 @@
 #include "Quillet/screens/code/FileSuffix.h"
 #include "Quillet/screens/details/SnippetDetailsViewController.h"
 #include "Quillet/screens/editor/MoreMenu.h"
+#include "Quillet/screens/editor/SegmentEdits.h"
 #include "platform/foundation/DateFormats.h"
-#include "platform/foundation/FatalError.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/foundation/NotificationCenter.h"
 #include "platform/screens/controllers/AlertController.h"
@@ -30,11 +29,11 @@
 #include "platform/screens/sharing/ScreenImage.h"
 #include "platform/screens/text/FindBar.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QScroller>
 #include <QtWidgets/QVBoxLayout>
-
-#include <source_location>
 
 namespace quillet {
 
@@ -52,18 +51,10 @@ const QString defaultLanguage = QStringLiteral("swift");
 
 constexpr auto autoSaveInterval = 20s;
 constexpr QSize languagePickerSize(375, 375); // points
+constexpr int insetWithoutKeyboard = 20;      // points, below the text once an on-screen keyboard is gone
 
 QString now() {
     return platform::shortDateTime(QDateTime::currentDateTime());
-}
-
-// For the saves that have no way back: what is on screen would not be what is stored any more.
-void saveOrStop(const std::source_location& place = std::source_location::current()) {
-    const auto saved = CoreDataStack::shared().viewContext().save();
-    if (saved) return;
-    const std::string where = std::string(place.file_name()) + ":" + std::to_string(place.line());
-    platform::fatalError(
-        where + ": a change of a segment could not be saved: " + saved.error().message.toStdString());
 }
 
 } // namespace
@@ -173,6 +164,9 @@ void SnippetViewController::setUpText() {
     connect(m_textView, &QPlainTextEdit::textChanged, this, &SnippetViewController::textChanged);
     // Closes the on-screen keyboard by giving up the focus.
     new halcyonix::KeyboardAccessory(*m_textView, Asset::Accent);
+    connect(QGuiApplication::inputMethod(), &QInputMethod::visibleChanged, this, [this] {
+        if (!QGuiApplication::inputMethod()->isVisible()) m_textView->setBottomInset(insetWithoutKeyboard);
+    });
     m_textStorage->setLanguage(m_selectedLanguage.value_or(defaultLanguage));
     setupFontsThemeAndColors();
 }
@@ -193,6 +187,9 @@ void SnippetViewController::viewDidLoad() {
 }
 
 void SnippetViewController::offerActions(bool hasSnippet) {
+    // A button that is disabled would hand the focus to any other screen.
+    if (QWidget* focused = focusWidget(); !hasSnippet && focused && focused != m_textView)
+        focused->clearFocus();
     for (QWidget* button :
          {static_cast<QWidget*>(m_languageButton), static_cast<QWidget*>(m_pickLanguageButton)})
         button->setVisible(hasSnippet);
@@ -542,7 +539,10 @@ SnippetInfoCallbacks SnippetViewController::infoCallbacks() {
             .onAddSegment = [this] { return addSegment(); },
             .onSelectSegment = [this](const Chosen& segment) { selectSegment(segment); },
             .onDeleteSegment = [this](const Chosen& segment) { deleteSegment(segment); },
-            .onRenameSegment = [this](const Chosen& segment) { renameSegment(segment); }};
+            .onRenameSegment =
+                [this](const Chosen& segment) {
+                    if (segment) askSegmentName(*this, segment);
+                }};
 }
 
 // Without a snippet the model keeps the last one, which is not shown.
@@ -569,17 +569,10 @@ void SnippetViewController::showTags() {
 // The text before it is not written: it is set aside until the next save.
 std::shared_ptr<Segment> SnippetViewController::addSegment() {
     if (!m_snippet) return nullptr;
-    auto& stack = CoreDataStack::shared();
-    CodeOwner(m_snippet).putBack(stack.viewContext()); // deleted elsewhere, it is worked on here
-    const auto segment = std::make_shared<Segment>();
-    stack.viewContext().insert(segment);
-    const auto count = m_snippet->toMany(Snippet::Segments).size();
-    segment->setTitle(QStringLiteral("Segment %1").arg(count + 1));
-    segment->setToOne(Segment::OfSnippet, m_snippet.get());
-    stack.save(SaveReason::AddedSegment);
-    m_selectedSegment = segment;
-    loadCode(CodeOwner(m_snippet, segment));
-    return segment;
+    CodeOwner(m_snippet).putBack(CoreDataStack::shared().viewContext()); // deleted elsewhere, it is worked on
+    m_selectedSegment = addNewSegment(*m_snippet);
+    loadCode(CodeOwner(m_snippet, m_selectedSegment));
+    return m_selectedSegment;
 }
 
 void SnippetViewController::selectSegment(const std::shared_ptr<Segment>& segment) {
@@ -593,24 +586,8 @@ void SnippetViewController::selectSegment(const std::shared_ptr<Segment>& segmen
 void SnippetViewController::deleteSegment(const std::shared_ptr<Segment>& segment) {
     if (!m_snippet || !segment) return;
     m_text.abandon(*segment);
-    if (!segment->context()) return; // deleted elsewhere already
-    m_snippet->removeFromMany(Snippet::Segments, *segment);
-    segment->setToOne(Segment::OfSnippet, nullptr);
-    CoreDataStack::shared().viewContext().deleteObject(*segment);
-    saveOrStop();
-}
-
-void SnippetViewController::renameSegment(const std::shared_ptr<Segment>& segment) {
-    if (!segment) return;
-    ModalTextFieldHost::present(*this,
-                                {.title = QStringLiteral("Segment"),
-                                 .prompt = QStringLiteral("Title"),
-                                 .placeholder = QStringLiteral("Title"),
-                                 .errorOnEmpty = QStringLiteral("You need a name for your segment.")},
-                                [segment](const QString& title) {
-                                    segment->setTitle(title);
-                                    saveOrStop();
-                                });
+    const bool isDeletedElsewhere = !segment->context();
+    if (!isDeletedElsewhere) removeSegment(*m_snippet, *segment);
 }
 
 } // namespace quillet

@@ -131,7 +131,6 @@ private:
     std::shared_ptr<Segment> addSegment();
     void selectSegment(const std::shared_ptr<Segment>& segment);
     void deleteSegment(const std::shared_ptr<Segment>& segment);
-    void renameSegment(const std::shared_ptr<Segment>& segment);
 
     // Absent until a snippet was taken off the screen for the first time, empty after that. Typing into an
     // empty screen creates a snippet where it is there, and saving does where it is absent.

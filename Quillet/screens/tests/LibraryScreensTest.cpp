@@ -127,6 +127,7 @@ TEST_F(LibraryScreens, TheFormTakesTheClipboardAndWantsNameAndLanguage) {
     click("Save");
     ASSERT_EQ(stored().size(), 1U);
     EXPECT_EQ(stored()[0]->code(), QStringLiteral("let a = 1"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return code()->hasFocus(); })) << "the next key goes into it";
 }
 
 TEST_F(LibraryScreens, TextGetsTheColoursOfItsLanguageAndTheme) {

@@ -131,6 +131,7 @@ TEST_F(Editor, AfterADeletionTheFirstKeyMakesASnippet) {
     chooseMore(QStringLiteral("Delete"));
     ASSERT_TRUE(QTest::qWaitFor([this] { return !editor().snippet(); }));
     EXPECT_EQ(count<Snippet>(), 0U) << "no question, and what was typed does not bring it back";
+    EXPECT_EQ(QApplication::focusWidget(), nullptr) << "the menu's button hands it to nobody";
     editor().saveContents(Silent::No);
     EXPECT_EQ(count<Snippet>(), 0U);
     type(QStringLiteral("abc"));

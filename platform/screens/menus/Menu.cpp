@@ -34,10 +34,17 @@ void addAction(QMenu& menu, const MenuAction& entry, QWidget* over) {
 
 void addEntries(QMenu& target, const Menu& menu, QWidget* over);
 
+// A title brings a line of its own.
+void addTitle(QMenu& target, const QString& title) {
+    const auto actions = target.actions();
+    if (!actions.isEmpty() && actions.last()->isSeparator()) delete actions.last();
+    target.addSection(plainText(title));
+}
+
 void addInline(QMenu& target, const Menu& menu, const QString& titleAround, QWidget* over) {
     const bool isTitled = !menu.title.isEmpty() && menu.title != titleAround;
     if (isTitled)
-        target.addSection(plainText(menu.title));
+        addTitle(target, menu.title);
     else
         target.addSeparator();
     addEntries(target, menu, over);

@@ -27,10 +27,12 @@ QStringList dump(const QMenu& menu, const QString& indent = {}) {
 TEST(MenuTest, InlineMenusStandAmongTheEntriesAndOthersOpen) {
     const Menu order{q("Sort"), {MenuAction{q("A & B")}}, Menu::Display::Inline};
     const Menu deeper{q("More"), {MenuAction{q("C")}}};
-    const auto menu = makeMenu(
-        {q("Sort"), {order, deeper, Menu{q("Kind"), {MenuAction{q("D")}}, Menu::Display::Inline}}}, nullptr);
+    const Menu kind{q("Kind"), {MenuAction{q("D")}}, Menu::Display::Inline};
+    const auto menu = makeMenu({q("Sort"), {order, deeper, kind}}, nullptr);
     EXPECT_EQ(dump(*menu),
               QStringList({q("-"), q("A && B"), q("-"), q("More"), q(" C"), q("-Kind"), q("D"), q("-")}));
+    const auto neighbours = makeMenu({q("Sort"), {order, kind}}, nullptr);
+    EXPECT_EQ(dump(*neighbours), QStringList({q("-"), q("A && B"), q("-Kind"), q("D"), q("-")}));
 }
 
 TEST(MenuTest, AHandlerRunsWhenTheMenuIsGone) {

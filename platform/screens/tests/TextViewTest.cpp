@@ -46,6 +46,23 @@ TEST(TextView, TypingKeepsTheBreaksOfUntouchedLinesAndAddsTheDominantOne) {
     EXPECT_EQ(view.text(), QString());
 }
 
+TEST(TextView, ANewLineBeginsWithTheBlanksOfTheOneBefore) {
+    TextView view;
+    view.setText(QStringLiteral(" \tif x:\r\n    y"));
+    view.moveCursor(QTextCursor::Start);
+    QTest::keyClick(&view, Qt::Key_Right);
+    QTest::keyClick(&view, Qt::Key_Return); // within the blanks: those before the caret
+    EXPECT_EQ(view.text(), QStringLiteral(" \r\n \tif x:\r\n    y"));
+    view.moveCursor(QTextCursor::End);
+    view.moveCursor(QTextCursor::Left, QTextCursor::KeepAnchor);
+    QTest::keyClick(&view, Qt::Key_Enter, Qt::KeypadModifier);
+    QTest::keyClick(&view, Qt::Key_Z);
+    EXPECT_EQ(view.text(), QStringLiteral(" \r\n \tif x:\r\n    \r\n    z"));
+    view.setReadOnly(true);
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(view.document()->blockCount(), 4);
+}
+
 TEST(TextView, ATextThatChangesUnderTheUserKeepsCaretAndPlace) {
     TextView view;
     view.resize(300, 100);

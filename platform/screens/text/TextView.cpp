@@ -80,6 +80,14 @@ bool turnByKey(TextZoom& zoom, int key) {
     return true;
 }
 
+// What a line begins with, of the part before the caret.
+QString indentBefore(const QTextCursor& caret) {
+    const QString line = caret.block().text().left(caret.positionInBlock());
+    const auto text =
+        std::ranges::find_if_not(line, [](QChar unit) { return unit == u' ' || unit == u'\t'; });
+    return line.left(text - line.begin());
+}
+
 bool hasFiles(const QMimeData& data) {
     return std::ranges::any_of(data.urls(), &QUrl::isLocalFile);
 }
@@ -106,6 +114,8 @@ TextView::TextView(QWidget* parent)
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setTabChangesFocus(false);
     setCursorWidth(caretWidth);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true); // what the margins of the viewport leave
     viewport()->grabGesture(Qt::PinchGesture);
     connect(document(), &QTextDocument::contentsChange, this, &TextView::takeChange);
 }
@@ -285,6 +295,12 @@ void TextView::setCodeFont(const QFont& font) {
     showCodeFont();
 }
 
+void TextView::setBottomInset(int points) {
+    QMargins margins = viewportMargins();
+    margins.setBottom(points);
+    setViewportMargins(margins);
+}
+
 void TextView::showCodeFont() {
     setFont(m_zoom.applied(m_codeFont));
     setTabStopDistance(4 * QFontMetricsF(font()).horizontalAdvance(u' '));
@@ -352,10 +368,19 @@ void TextView::wheelEvent(QWheelEvent* event) {
 void TextView::keyPressEvent(QKeyEvent* event) {
     const auto modifiers = event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
     TextZoom to = m_zoom;
-    if (modifiers != Qt::ControlModifier || !turnByKey(to, event->key()))
-        QPlainTextEdit::keyPressEvent(event);
-    else
+    if (modifiers == Qt::ControlModifier && turnByKey(to, event->key()))
         zoomAtCaret(to);
+    else if (event->matches(QKeySequence::InsertParagraphSeparator) && !isReadOnly())
+        breakLine();
+    else
+        QPlainTextEdit::keyPressEvent(event);
+}
+
+void TextView::breakLine() {
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(cursor.selectionStart());
+    insertPlainText(u'\n' + indentBefore(cursor));
+    ensureCursorVisible();
 }
 
 void TextView::dragEnterEvent(QDragEnterEvent* event) {

@@ -15,7 +15,8 @@ class QGestureEvent;
 namespace platform {
 
 // A plain multi-line text view that gives back every text exactly as it got it: NUL, lone surrogates, all
-// kinds of line breaks. A line that the user adds ends as most lines of the text do.
+// kinds of line breaks. A line that the user adds ends as most lines of the text do, and begins with the same
+// blanks as the line before it.
 //
 // Ctrl with the wheel or with plus, minus and zero, and a pinch, zoom for the life of the view. A text file
 // that is dropped replaces the text, as one step that can be undone.
@@ -59,6 +60,9 @@ public:
     // The font at 100 %; tabs are four of its blanks wide.
     void setCodeFont(const QFont& font);
 
+    // Keeps so many points of the text's own background below it.
+    void setBottomInset(int points);
+
 Q_SIGNALS:
     // Why what was dropped did not come in, as a sentence for the user.
     void dropRefused(const QString& reason);
@@ -96,6 +100,8 @@ private:
     void trackColours(int start, int limit, std::size_t gone);
     void applyColours(const QTextBlock& block);
     void paintPlaceholder(QPainter& painter) const;
+
+    void breakLine();
 
     void zoom(QPointF at, const TextZoom& zoom);
     void zoomAtCaret(const TextZoom& zoom);
