@@ -169,7 +169,8 @@ TEST_F(LibraryScreens, AnotherSnippetTakesThePlaceOfASavedOne) {
     const auto first = stored()[0];
     context().deleteObject(*first);
     window->didDelete(first);
-    EXPECT_TRUE(code()->text().startsWith(QStringLiteral("Enter text here")));
+    EXPECT_EQ(code()->text(), QString());
+    EXPECT_TRUE(code()->placeholderText().startsWith(QStringLiteral("Enter text here")));
 }
 
 TEST_F(LibraryScreens, ATextThatNobodyTouchedHereDoesNotOverwriteANewerOne) {

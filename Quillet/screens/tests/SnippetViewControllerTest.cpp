@@ -329,7 +329,7 @@ TEST_F(EditorDeathTest, ASegmentWhoseDeletionCannotBeSavedStopsTheProgram) {
     ASSERT_TRUE(lock->run(QStringLiteral("BEGIN EXCLUSIVE")));
     auto* info = window->findChild<SnippetInfoView*>();
     EXPECT_DEATH(info->callbacks().onDeleteSegment(editor().selectedSegment()),
-                 "SnippetViewController.cpp:[0-9]+");
+                 "SegmentEdits.cpp:[0-9]+");
 }
 
 TEST_F(Editor, WhatIsOnScreenIsSharedAndNothingIsNot) {
