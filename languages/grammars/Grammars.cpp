@@ -20,10 +20,11 @@ constexpr Grammar table[] = {
 
 } // namespace
 
-std::span<const Grammar> grammars() { return table; }
+std::span<const Grammar> grammars() {
+    return table;
+}
 
-const TSLanguage* grammarNamed(std::string_view name)
-{
+const TSLanguage* grammarNamed(std::string_view name) {
     const auto* const found = std::ranges::find(table, name, &Grammar::name);
     return found == std::end(table) ? nullptr : found->language();
 }

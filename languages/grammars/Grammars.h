@@ -1,7 +1,8 @@
-// The grammars that the build has, each under the name that the build's table gives it ("CSharp", "MarkdownInline").
+// The grammars that the build has, each under the name that the build's table gives it ("CSharp",
+// "MarkdownInline").
 //
-// Languages are static and immutable: any thread may use them, and none is ever freed. To use one takes the parser,
-// whose functions come with the engine.
+// Languages are static and immutable: any thread may use them, and none is ever freed. To use one takes the
+// parser, whose functions come with the engine.
 #pragma once
 
 #include <span>
