@@ -12,7 +12,7 @@ enum { kept = TREE_SITTER_SERIALIZATION_BUFFER_SIZE, room = 2 * kept };
 unsigned OWN_SERIALIZE(void* payload, char* buffer);
 
 unsigned SERIALIZE(void* payload, char* buffer) {
-    char state[room];
+    _Alignas(8) char state[room]; // some write whole numbers
     const unsigned length = OWN_SERIALIZE(payload, state);
     if (length > kept) return 0;
     memcpy(buffer, state, length);

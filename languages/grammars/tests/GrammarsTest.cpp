@@ -137,6 +137,11 @@ TEST_P(GrammarTest, ComesBackFromDeepNesting) {
     }
 }
 
+TEST(Grammars, YamlGoesOnBehindRow32767) {
+    const ParsedText text(grammarNamed("YAML"), repeated(u"key: value\n", 40'000));
+    EXPECT_FALSE(ts_node_has_error(text.root()));
+}
+
 TEST(Grammars, AreNotFoundByOtherNames) {
     EXPECT_EQ(grammarNamed("c"), nullptr);
     EXPECT_EQ(grammarNamed(""), nullptr);
