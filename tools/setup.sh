@@ -28,7 +28,7 @@ install_packages() {
 install_node_modules() {
     local stamp=node_modules/.quillet-lock
     cmp -s package-lock.json "$stamp" && return
-    say "Installing the highlighter's languages and the icons (npm ci)"
+    say "Installing the highlighter, the icons and the parsers (npm ci)"
     npm ci --ignore-scripts --no-audit --no-fund --loglevel=error
     cp package-lock.json "$stamp"
 }
