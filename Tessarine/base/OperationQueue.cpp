@@ -29,7 +29,7 @@ void OperationQueue::cancelAllOperations() {
 void OperationQueue::run(const std::stop_token& stop) {
     pthread_setname_np(pthread_self(), m_name.substr(0, longestThreadName).c_str());
     for (Entry entry; takeNext(stop, entry); entry = {})
-        entry.work(*entry.operation);
+        entry.work(entry.operation);
 }
 
 // False when the queue ends and nothing waits any more.

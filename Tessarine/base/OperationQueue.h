@@ -19,7 +19,7 @@ namespace tessarine {
 // come from within a work. Thread: any.
 class OperationQueue {
 public:
-    using Work = std::move_only_function<void(const Operation&)>;
+    using Work = std::move_only_function<void(const std::shared_ptr<const Operation>&)>;
 
     // The name is also the thread's, as far as the system keeps it.
     explicit OperationQueue(std::string name)
