@@ -60,6 +60,13 @@ public:
 
     TreeSitterLanguageLayers& layers() { return m_layers; }
 
+    const std::shared_ptr<const TreeSitterLanguageProvider>& languageProvider() const {
+        return m_languageProvider;
+    }
+
+    // Whether a parse is still to be installed.
+    bool hasBackgroundParse() const { return m_backgroundParse.has_value(); }
+
     const OperationQueue& operationQueue() const { return m_operationQueue; }
 
 private:

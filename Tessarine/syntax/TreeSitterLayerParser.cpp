@@ -14,6 +14,20 @@ namespace {
 
 using Layer = TreeSitterLanguageLayer;
 
+// Of a stretch up to this size everything is parsed anew rather than what changed: that takes no longer than
+// the rest of an edit, and cannot differ from a fresh parse, which after errors and with scanners that look
+// far ahead an incremental one may.
+constexpr std::int64_t mostBytesParsedAnew = 8'192;
+
+bool isSmall(const std::optional<TreeSitterTextRange>& range) {
+    return range && range->endByte() - range->startByte() <= mostBytesParsedAnew;
+}
+
+// The parser weighs what lies before a text when it decides how to go on after an error in it.
+bool dependsOnPlace(const Layer& layer) {
+    return layer.tree() && ts_node_has_error(layer.tree()->rootNode().rawValue());
+}
+
 // Two captures on one node make one child, the first.
 void dropRepeatedNodes(std::vector<TreeSitterInjectedLanguage>& injections) {
     std::unordered_set<const void*> ids;
@@ -59,13 +73,15 @@ Layer::Reference TreeSitterLayerParser::applyToLayer(const Layer::Reference& lay
     if (!place.range) return reparseLayer(*layer, place);
     const auto [range, effect] = rangeAfterEdits(*layer->textRange(), m_edits);
     if (effect == EditEffect::touches || !(range == *place.range)) return reparseLayer(*layer, place);
-    return effect == EditEffect::none ? layer : moved(*layer, range);
+    if (effect == EditEffect::none) return layer;
+    return dependsOnPlace(*layer) ? reparseLayer(*layer, place) : moved(*layer, place);
 }
 
 Layer::Reference TreeSitterLayerParser::reparseLayer(const Layer& layer, const Place& place) {
     const auto oldTree = edited(layer.tree());
     prepareParser(*layer.language(), place);
-    const auto tree = m_parser.parse(oldTree.get(), m_limit);
+    const auto tree = isSmall(place.range) ? m_parser.parse(m_text, nullptr, m_limit)
+                                           : m_parser.parse(oldTree.get(), m_limit);
     if (isStopped()) return nullptr;
     if (oldTree && tree) {
         const auto ranges = oldTree->rangesChanged(*tree);
@@ -141,13 +157,16 @@ TreeSitterInternalLanguage::Reference TreeSitterLayerParser::languageNamed(const
 }
 
 // All of it lies below the edits, so nothing has to be parsed.
-Layer::Reference TreeSitterLayerParser::moved(const Layer& layer, const TreeSitterTextRange& range) const {
+Layer::Reference TreeSitterLayerParser::moved(const Layer& layer, const Place& place) {
     std::vector<Layer::Child> children;
     children.reserve(layer.childLanguageLayers().size());
-    for (const auto& [id, child] : layer.childLanguageLayers())
-        children.push_back({id, moved(*child, rangeAfterEdits(*child->textRange(), m_edits).range)});
-    return std::make_shared<const Layer>(layer.language(), range, edited(layer.tree()), layer.identityTree(),
-                                         std::move(children));
+    for (const auto& [id, child] : layer.childLanguageLayers()) {
+        const auto range = rangeAfterEdits(*child->textRange(), m_edits).range;
+        children.push_back({id, applyToLayer(child, {.range = range, .depth = place.depth + 1})});
+        if (m_isStopped) return nullptr;
+    }
+    return std::make_shared<const Layer>(layer.language(), place.range, edited(layer.tree()),
+                                         layer.identityTree(), std::move(children));
 }
 
 std::shared_ptr<const TreeSitterTree>

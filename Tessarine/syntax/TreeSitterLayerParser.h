@@ -66,7 +66,7 @@ private:
     std::vector<Stretch> stretches(std::vector<TreeSitterInjectedLanguage> injections,
                                    ChildLayerMatcher& matcher) const;
     TreeSitterInternalLanguage::Reference languageNamed(const std::string& name) const;
-    Layer::Reference moved(const Layer& layer, const TreeSitterTextRange& range) const;
+    Layer::Reference moved(const Layer& layer, const Place& place);
     std::shared_ptr<const TreeSitterTree> edited(const TreeSitterTree::Reference& tree) const;
     bool isStopped();
 
