@@ -16,6 +16,8 @@ std::shared_ptr<const TreeSitterQuery> compiled(const std::optional<TreeSitterLa
 } // namespace
 
 TreeSitterLanguage::Query TreeSitterLanguage::Query::contentsOf(const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) return {};
     const std::ifstream stream(file, std::ios::binary);
     std::ostringstream text;
     text << stream.rdbuf();

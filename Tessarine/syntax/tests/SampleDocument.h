@@ -76,6 +76,8 @@ public:
     // does incrementally. That is the library's own: it looks for a way on from where it stands.
     bool isBroken() const;
 
+    ByteCount freshRootEnd() const { return freshLayers().root()->tree()->rootNode().endByte(); }
+
     std::vector<std::int64_t> reparsedRows() const { return owner->rows; }
 
     const std::shared_ptr<StringView> stringView;
