@@ -15,13 +15,10 @@ if(QUILLET_SANITIZERS)
 endif()
 
 # third_party_c(target): C of others, without our warnings and optimised in every build: a parser that is not takes
-# several times as long. What its authors take for defined is not ours to change, so that sanitizer leaves it out.
+# several times as long.
 function(third_party_c target)
   set_target_properties(${target} PROPERTIES C_STANDARD 11 POSITION_INDEPENDENT_CODE ON)
   target_compile_options(${target} PRIVATE -w -O2)
-  if(QUILLET_SANITIZERS MATCHES "undefined")
-    target_compile_options(${target} PRIVATE -fno-sanitize=undefined)
-  endif()
 endfunction()
 
 # quillet_library(name SOURCES ... LINK ...): the static library of one folder.

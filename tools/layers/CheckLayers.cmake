@@ -17,7 +17,7 @@ set(below_platform/screens platform/foundation)
 set(below_platform/highlightr platform/foundation)
 set(below_platform/store platform/foundation)
 set(below_platform/foundation)
-set(below_languages)
+set(below_languages Tessarine/document Tessarine/base)
 # The grammars are a table of foreign parsers, which only the tests and benchmarks of syntax look into.
 set(below_Tessarine/syntax Tessarine/document Tessarine/base languages/grammars)
 set(below_Tessarine/document Tessarine/base)
