@@ -1,7 +1,12 @@
 #include "Tessarine/syntax/tests/RandomSource.h"
 #include "Tessarine/syntax/tests/SampleDocument.h"
+#include "languages/grammars/Grammars.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <unicode/unistr.h>
 
 using namespace tessarine;
 
@@ -78,5 +83,47 @@ TEST_P(Reparse, GivesWhatAFreshParseGives) {
 
 INSTANTIATE_TEST_SUITE_P(Languages, Reparse, ::testing::Range<std::size_t>(0, std::size(samples)),
                          [](const auto& test) { return std::string(samples[test.param].language); });
+
+std::u16string sampleText(std::string_view grammar) {
+    std::ostringstream text;
+    text << std::ifstream(std::string(SAMPLES) + "/" + std::string(grammar) + ".txt").rdbuf();
+    const auto units = icu::UnicodeString::fromUTF8(text.str());
+    return {units.getBuffer(), static_cast<std::size_t>(units.length())};
+}
+
+// Every grammar of the build, alone, with pieces of its own sample put elsewhere and cut out.
+class ReparseOfEveryGrammar : public ::testing::TestWithParam<std::size_t> {};
+
+TEST_P(ReparseOfEveryGrammar, GivesWhatAFreshParseGives) {
+    const std::string name(languages::grammars()[GetParam()].name);
+    const std::u16string sample = sampleText(name);
+    ASSERT_FALSE(sample.empty());
+    int compared = 0;
+    for (std::uint32_t seed = 0; seed < 4; ++seed) {
+        RandomSource random(seed);
+        SampleDocument document(sample, sampleLanguage(name, "(_) @node"), nullptr);
+        document.parse();
+        for (int step = 0; step < 20; ++step) {
+            const std::int64_t length = document.stringView->length();
+            const std::int64_t location = random.below(length + 1);
+            const std::int64_t removed = random.below(std::min<std::int64_t>(length - location, 6) + 1);
+            const auto from = random.below(static_cast<std::int64_t>(sample.size()));
+            const auto text =
+                sample.substr(static_cast<std::size_t>(from), static_cast<std::size_t>(random.below(8)));
+            document.replace(location, step % 2 == 0 ? 0 : removed, step % 2 == 0 ? text : u"");
+            if (document.isBroken()) continue;
+            ++compared;
+            ASSERT_EQ(document.description(), document.freshDescription())
+                << "seed " << seed << ", step " << step;
+        }
+    }
+    EXPECT_GT(compared, 40);
+}
+
+INSTANTIATE_TEST_SUITE_P(Grammars, ReparseOfEveryGrammar,
+                         ::testing::Range<std::size_t>(0, languages::grammars().size()),
+                         [](const auto& test) {
+                             return std::string(languages::grammars()[test.param].name);
+                         });
 
 } // namespace
