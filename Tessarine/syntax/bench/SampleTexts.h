@@ -48,6 +48,16 @@ public:
         return {text.begin(), text.end()};
     }
 
+    static std::u16string brackets(std::size_t depth) {
+        return std::u16string(depth, u'[') + std::u16string(depth, u']');
+    }
+
+    static std::u16string oneLine(std::size_t size) {
+        return grown(size, [](std::string& text, const std::string& n, int) {
+            text += "int function" + n + "(int d) { return d + " + n + "; } ";
+        });
+    }
+
 private:
     template <class Add>
     static std::u16string grown(std::size_t size, Add add) {

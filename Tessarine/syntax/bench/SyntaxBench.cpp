@@ -1,21 +1,16 @@
 // What syntax costs beside the bare parsing library, which gets the same texts and edits in the same run:
 // whole parses, keystrokes, the captures of a line, memory.
 
-#include "Tessarine/document/LineManager.h"
 #include "Tessarine/document/bench/Samples.h"
 #include "Tessarine/document/bench/Workload.h"
-#include "Tessarine/syntax/PreferredUtf16Encoding.h"
-#include "Tessarine/syntax/TextProvider.h"
-#include "Tessarine/syntax/TreeSitterInternalLanguageMode.h"
+#include "Tessarine/syntax/bench/BareParser.h"
+#include "Tessarine/syntax/bench/BenchDocument.h"
 #include "Tessarine/syntax/bench/SampleTexts.h"
-#include "Tessarine/syntax/tests/QueuedExecutor.h"
-#include "Tessarine/syntax/tests/SampleLanguages.h"
 
 #include <cstdio>
-#include <functional>
 #include <malloc.h>
-#include <memory>
 #include <string>
+#include <thread>
 
 using namespace tessarine;
 using namespace std::chrono_literals;
@@ -37,105 +32,6 @@ double allocated() {
     const auto info = mallinfo2();
     return static_cast<double>(info.uordblks + info.hblkhd);
 }
-
-// The library by itself, on a text in one piece.
-class BareParser {
-public:
-    BareParser(std::u16string text, const TSLanguage* language)
-        : m_text(std::move(text))
-        , m_parser(ts_parser_new()) {
-        ts_parser_set_language(m_parser, language);
-    }
-
-    BareParser(const BareParser&) = delete;
-    BareParser& operator=(const BareParser&) = delete;
-
-    ~BareParser() {
-        ts_tree_delete(m_tree);
-        ts_parser_delete(m_parser);
-    }
-
-    void parse() {
-        ts_tree_delete(m_tree);
-        m_tree = ts_parser_parse_string_encoding(
-            m_parser, nullptr, reinterpret_cast<const char*>(m_text.data()),
-            static_cast<std::uint32_t>(2 * m_text.size()), preferredUTF16Encoding);
-    }
-
-    void forget() {
-        ts_tree_delete(m_tree);
-        m_tree = nullptr;
-    }
-
-    // What the edit of the text costs is left to the caller to measure or not.
-    void changeText(std::size_t at, bool isInsertion) {
-        if (isInsertion)
-            m_text.insert(at, 1, u'x');
-        else
-            m_text.erase(at, 1);
-    }
-
-    void reparse(const TSInputEdit& edit) {
-        ts_tree_edit(m_tree, &edit);
-        TSTree* tree = ts_parser_parse_string_encoding(
-            m_parser, m_tree, reinterpret_cast<const char*>(m_text.data()),
-            static_cast<std::uint32_t>(2 * m_text.size()), preferredUTF16Encoding);
-        std::uint32_t count = 0;
-        std::free(ts_tree_get_changed_ranges(m_tree, tree, &count)); // NOLINT: the library allocated it
-        ts_tree_delete(m_tree);
-        m_tree = tree;
-    }
-
-    const TSTree* tree() const { return m_tree; }
-
-private:
-    std::u16string m_text;
-    TSParser* m_parser;
-    TSTree* m_tree = nullptr;
-};
-
-class BenchDocument : public TreeSitterLanguageModeDelegate {
-public:
-    BenchDocument(const std::u16string& text, std::string_view language, Budget budget)
-        : stringView(std::make_shared<StringView>(text))
-        , lineManager(std::make_shared<LineManager>(stringView)) {
-        lineManager->rebuild(text);
-        TreeSitterLanguageMode languageMode(SampleLanguages::shared()->treeSitterLanguage(language),
-                                            SampleLanguages::shared());
-        languageMode.setReparseBudget(budget);
-        mode = TreeSitterInternalLanguageMode::create(languageMode, stringView, lineManager, executor);
-        mode->setDelegate(std::shared_ptr<BenchDocument>(std::shared_ptr<void>(), this));
-    }
-
-    std::optional<TreeSitterTextProviderResult> treeSitterLanguageMode(ByteCount byteIndex) override {
-        return textProviderResult(stringView->snapshot(), byteIndex);
-    }
-
-    // A character typed or taken back; what the mode is told.
-    LanguageModeTextChange changeText(std::int64_t at, bool isInsertion) {
-        LanguageModeTextChange change;
-        const std::int64_t removed = isInsertion ? 0 : 1;
-        change.byteRange = {ByteCount::ofCodeUnits(at), ByteCount::ofCodeUnits(removed)};
-        change.newByteCount = ByteCount::ofCodeUnits(1 - removed);
-        change.startLinePosition = *lineManager->linePosition(at);
-        change.oldEndLinePosition = *lineManager->linePosition(at + removed);
-        stringView->replaceCharacters(at, removed, isInsertion ? u"x" : u"");
-        lineManager->removeCharacters(at, removed);
-        if (isInsertion) lineManager->insertText(u"x", at);
-        change.newEndLinePosition = *lineManager->linePosition(at + 1 - removed);
-        return change;
-    }
-
-    void settle() {
-        while (mode->hasBackgroundParse() || executor->taskCount() > 0)
-            executor->runNext();
-    }
-
-    const std::shared_ptr<StringView> stringView;
-    const std::shared_ptr<LineManager> lineManager;
-    const std::shared_ptr<QueuedExecutor> executor = std::make_shared<QueuedExecutor>();
-    std::shared_ptr<TreeSitterInternalLanguageMode> mode;
-};
 
 TSInputEdit rawEdit(const LanguageModeTextChange& change) {
     const auto byte = [](ByteCount count) { return static_cast<std::uint32_t>(count.value()); };
@@ -209,12 +105,12 @@ void benchKeystrokesInPlaces(const std::string& name, const std::u16string& text
 }
 
 // Every two milliseconds another character, while the background parses.
-void benchTyping(const std::string& name, const std::u16string& text, std::string_view language) {
+void benchTyping(const std::string& name, const std::u16string& text, std::string_view language,
+                 std::int64_t at) {
     BenchDocument document(text, language, 1ms);
     document.mode->parse(document.stringView->snapshot());
     Samples samples;
     Samples captures;
-    std::int64_t at = wordEnd(text, text.size() / 2);
     for (int i = 0; i < 500; ++i) {
         const auto change = document.changeText(at++, true);
         samples.measure([&] { (void)document.mode->textDidChange(change); });
@@ -230,6 +126,10 @@ void benchTyping(const std::string& name, const std::u16string& text, std::strin
     std::printf("%-58s %10.1f %10s  ms\n", "  until all is parsed after the last",
                 std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count(),
                 "");
+}
+
+void benchTypingInWord(const std::string& name, const std::u16string& text, std::string_view language) {
+    benchTyping(name, text, language, wordEnd(text, text.size() / 2));
 }
 
 void benchCaptures(const std::string& name, const std::u16string& text, std::string_view language) {
@@ -283,6 +183,8 @@ int main() {
     benchCaptures("1 MB of JavaScript", SampleTexts::javaScript(mega), "javascript");
     benchCaptures("a page of 500 scripts", SampleTexts::page(500), "html");
     benchCaptures("1 MB of Markdown", SampleTexts::markdown(mega), "markdown");
-    benchTyping("with 1 ms in 10 MB of Markdown", SampleTexts::markdown(10 * mega), "markdown");
-    benchTyping("with 1 ms in 50 MB of C", SampleTexts::c(50 * mega), "c");
+    benchTypingInWord("with 1 ms in 10 MB of Markdown", SampleTexts::markdown(10 * mega), "markdown");
+    benchTypingInWord("with 1 ms in 50 MB of C", SampleTexts::c(50 * mega), "c");
+    benchTyping("with 1 ms in 100,000 brackets", SampleTexts::brackets(100'000), "javascript", 100'000);
+    benchTypingInWord("with 1 ms in 10 MB of C on one line", SampleTexts::oneLine(10 * mega), "c");
 }
