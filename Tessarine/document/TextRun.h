@@ -34,6 +34,9 @@ public:
 
     bool isWide() const { return m_wide != nullptr; }
 
+    // Null where the units are narrow.
+    const char16_t* wideUnits() const { return m_wide; }
+
     bool contains(std::int64_t location) const {
         return static_cast<std::uint64_t>(location - m_location) < m_size;
     }

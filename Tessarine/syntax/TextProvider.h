@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Tessarine/document/TextSnapshot.h"
+#include "Tessarine/syntax/TreeSitterParserDelegate.h"
+
+#include <optional>
+
+namespace tessarine {
+
+// At most 4096 bytes of the text from there on, rounded down to whole code units at both ends; nothing at or
+// past the end, or below 0.
+std::optional<TreeSitterTextProviderResult> textProviderResult(const TextSnapshot& text, ByteCount byteIndex);
+
+// A text that does not change, for a parser on another thread.
+class SnapshotTextProvider final : public TreeSitterParserDelegate {
+public:
+    explicit SnapshotTextProvider(TextSnapshot text)
+        : m_text(std::move(text)) {}
+
+    std::optional<TreeSitterTextProviderResult> parserBytesAt(ByteCount byteIndex) override {
+        return textProviderResult(m_text, byteIndex);
+    }
+
+private:
+    TextSnapshot m_text;
+};
+
+} // namespace tessarine
