@@ -28,8 +28,8 @@ void StringView::replaceCharacters(std::int64_t location, std::int64_t length, s
     m_swiftString.reset();
 }
 
-std::optional<StringViewBytesResult> StringView::bytesAt(ByteCount byteIndex) const {
-    const std::int64_t total = length() * 2;
+std::optional<StringViewBytesResult> bytesAt(const TextSnapshot& text, ByteCount byteIndex) {
+    const std::int64_t total = text.length() * 2;
     const std::int64_t start = byteIndex.value();
     if (start < 0 || start >= total) return std::nullopt;
     const std::int64_t location = start / 2;
@@ -37,7 +37,7 @@ std::optional<StringViewBytesResult> StringView::bytesAt(ByteCount byteIndex) co
     const std::int64_t count = limit - location;
     auto units = std::make_unique_for_overwrite<std::byte[]>(static_cast<std::size_t>(count * 2));
     // A fresh array of bytes is aligned for, and may hold, an array of code units.
-    m_internalString.text().copy(location, count, reinterpret_cast<char16_t*>(units.get()));
+    text.copy(location, count, reinterpret_cast<char16_t*>(units.get()));
     return StringViewBytesResult{std::move(units), count * 2};
 }
 

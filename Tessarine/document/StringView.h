@@ -20,6 +20,10 @@ struct StringViewBytesResult {
     ByteCount length;
 };
 
+// At most 4096 bytes from there on, rounded down to whole code units at both ends; nothing at or past the
+// end, or below 0.
+std::optional<StringViewBytesResult> bytesAt(const TextSnapshot& text, ByteCount byteIndex);
+
 // The text of a document, the one store of it.
 //
 // Units: locations and lengths in UTF-16 code units; ranges are [location, location + length) and must lie in
@@ -70,9 +74,9 @@ public:
     // The text as it is now, in O(1): for other threads, and for whoever reads across changes.
     TextSnapshot snapshot() const { return m_internalString.snapshot(); }
 
-    // At most 4096 bytes from there on, rounded down to whole code units at both ends; nothing at or past the
-    // end, or below 0.
-    std::optional<StringViewBytesResult> bytesAt(ByteCount byteIndex) const;
+    std::optional<StringViewBytesResult> bytesAt(ByteCount byteIndex) const {
+        return tessarine::bytesAt(m_internalString.text(), byteIndex);
+    }
 
 private:
     TextStore m_internalString;

@@ -7,8 +7,7 @@
 
 namespace tessarine {
 
-// At most 4096 bytes of the text from there on, rounded down to whole code units at both ends; nothing at or
-// past the end, or below 0.
+// What bytesAt() gives, as a parser takes it.
 std::optional<TreeSitterTextProviderResult> textProviderResult(const TextSnapshot& text, ByteCount byteIndex);
 
 // A text that does not change, for a parser on another thread.
