@@ -15,7 +15,7 @@ TreeSitterLanguageLayer::TreeSitterLanguageLayer(TreeSitterInternalLanguage::Ref
     , m_identityTree(std::move(identityTree))
     , m_children(std::move(children)) {
     const auto start = [](const Child& child) { return child.layer->textRange()->startByte(); };
-    if (!std::ranges::is_sorted(m_children, {}, start)) std::ranges::stable_sort(m_children, {}, start);
+    if (!std::ranges::is_sorted(m_children, {}, start)) std::ranges::sort(m_children, {}, start);
     m_greatestEnds.reserve(m_children.size());
     ByteCount greatest;
     for (const Child& child : m_children)
