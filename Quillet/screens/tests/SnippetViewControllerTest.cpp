@@ -328,8 +328,7 @@ TEST_F(EditorDeathTest, ASegmentWhoseDeletionCannotBeSavedStopsTheProgram) {
         platform::SqliteConnection::open(storePath, platform::SqliteConnection::Access::Existing).value();
     ASSERT_TRUE(lock->run(QStringLiteral("BEGIN EXCLUSIVE")));
     auto* info = window->findChild<SnippetInfoView*>();
-    EXPECT_DEATH(info->callbacks().onDeleteSegment(editor().selectedSegment()),
-                 "SegmentEdits.cpp:[0-9]+");
+    EXPECT_DEATH(info->callbacks().onDeleteSegment(editor().selectedSegment()), "SegmentEdits.cpp:[0-9]+");
 }
 
 TEST_F(Editor, WhatIsOnScreenIsSharedAndNothingIsNot) {
