@@ -30,6 +30,38 @@ Place editedPlace(const Place& place, const TreeSitterInputEdit& edit) {
     return place;
 }
 
+TreeSitterInputEdit inverse(const TreeSitterInputEdit& edit) {
+    return {.startByte = edit.startByte,
+            .oldEndByte = edit.newEndByte,
+            .newEndByte = edit.oldEndByte,
+            .startPoint = edit.startPoint,
+            .oldEndPoint = edit.newEndPoint,
+            .newEndPoint = edit.oldEndPoint};
+}
+
+bool touch(const TreeSitterInputEdit& first, const TreeSitterInputEdit& second) {
+    return second.startByte <= first.newEndByte && second.oldEndByte >= first.startByte;
+}
+
+// Two edits that touch as one. The end that lies further back is the end of both; the other moves there.
+TreeSitterInputEdit merged(const TreeSitterInputEdit& first, const TreeSitterInputEdit& second) {
+    TreeSitterInputEdit both = first;
+    if (second.startByte < first.startByte) {
+        both.startByte = second.startByte;
+        both.startPoint = second.startPoint;
+    }
+    if (second.oldEndByte > first.newEndByte) {
+        both.oldEndByte = first.oldEndByte + (second.oldEndByte - first.newEndByte);
+        both.oldEndPoint = TreeSitterTextPoint(movedPoint(second.oldEndPoint.rawValue(), inverse(first)));
+        both.newEndByte = second.newEndByte;
+        both.newEndPoint = second.newEndPoint;
+    } else {
+        both.newEndByte = second.newEndByte + (first.newEndByte - second.oldEndByte);
+        both.newEndPoint = TreeSitterTextPoint(movedPoint(first.newEndPoint.rawValue(), second));
+    }
+    return both;
+}
+
 EditEffect effectOf(const TreeSitterInputEdit& edit, const TreeSitterTextRange& range) {
     if (edit.startByte > range.endByte()) return EditEffect::none;
     const bool liesAbove =
@@ -56,6 +88,16 @@ RangeAfterEdits rangeAfterEdits(const TreeSitterTextRange& range,
         result.effect = std::max(result.effect, effect);
         if (effect != EditEffect::none) result.range = editedRange(result.range, edit);
     }
+    return result;
+}
+
+std::vector<TreeSitterInputEdit> coalesced(std::span<const TreeSitterInputEdit> edits) {
+    std::vector<TreeSitterInputEdit> result;
+    for (const TreeSitterInputEdit& edit : edits)
+        if (!result.empty() && touch(result.back(), edit))
+            result.back() = merged(result.back(), edit);
+        else
+            result.push_back(edit);
     return result;
 }
 

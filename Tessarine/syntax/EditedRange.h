@@ -4,6 +4,7 @@
 #include "Tessarine/syntax/TreeSitterTextRange.h"
 
 #include <span>
+#include <vector>
 
 namespace tessarine {
 
@@ -25,6 +26,10 @@ struct RangeAfterEdits {
 
 // The same for edits one after the other.
 RangeAfterEdits rangeAfterEdits(const TreeSitterTextRange& range, std::span<const TreeSitterInputEdit> edits);
+
+// The same change of the text in fewer edits: neighbours that touch each other, as typing makes them, are
+// one.
+std::vector<TreeSitterInputEdit> coalesced(std::span<const TreeSitterInputEdit> edits);
 
 // Bytes of the text before the edits that may have become part of, or touch, the bytes after them.
 struct ByteInterval {

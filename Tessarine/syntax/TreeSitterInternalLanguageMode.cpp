@@ -112,7 +112,8 @@ LineChangeSet TreeSitterInternalLanguageMode::bringUpToText() {
 bool TreeSitterInternalLanguageMode::reparse(const ParseLimit& limit, LineChangeSet& changes) {
     const TextSnapshot text = m_stringView->snapshot();
     TreeSitterLayerParser layers(m_parser, text, m_languageProvider.get(), limit);
-    auto root = layers.apply(m_layers.root(), m_layers.edits());
+    const auto edits = coalesced(m_layers.edits());
+    auto root = layers.apply(m_layers.root(), edits);
     if (!root) return false;
     const std::size_t editCount = m_layers.edits().size();
     changes.unionWith(linesOf(layers.takeChangedRanges(), editCount));
@@ -133,7 +134,7 @@ void TreeSitterInternalLanguageMode::reparseInBackground() {
     startBackgroundParse({.text = m_stringView->snapshot(),
                           .languageProvider = m_languageProvider,
                           .root = m_layers.root(),
-                          .edits = m_layers.edits(),
+                          .edits = coalesced(m_layers.edits()),
                           .isWhole = false},
                          nullptr);
 }

@@ -14,22 +14,19 @@
 namespace tessarine {
 
 // A document with a language mode, whose edits are told step by step so that one can be timed.
-class BenchDocument : public TreeSitterLanguageModeDelegate {
+class BenchDocument {
 public:
     BenchDocument(const std::u16string& text, std::string_view language,
                   std::optional<std::chrono::steady_clock::duration> budget)
         : stringView(std::make_shared<StringView>(text))
-        , lineManager(std::make_shared<LineManager>(stringView)) {
+        , lineManager(std::make_shared<LineManager>(stringView))
+        , owner(std::make_shared<Owner>(stringView)) {
         lineManager->rebuild(text);
         TreeSitterLanguageMode languageMode(SampleLanguages::shared()->treeSitterLanguage(language),
                                             SampleLanguages::shared());
         languageMode.setReparseBudget(budget);
         mode = TreeSitterInternalLanguageMode::create(languageMode, stringView, lineManager, executor);
-        mode->setDelegate(std::shared_ptr<BenchDocument>(std::shared_ptr<void>(), this));
-    }
-
-    std::optional<TreeSitterTextProviderResult> treeSitterLanguageMode(ByteCount byteIndex) override {
-        return textProviderResult(stringView->snapshot(), byteIndex);
+        mode->setDelegate(owner);
     }
 
     // A character typed or taken back; what the mode is told.
@@ -56,6 +53,20 @@ public:
     const std::shared_ptr<LineManager> lineManager;
     const std::shared_ptr<QueuedExecutor> executor = std::make_shared<QueuedExecutor>();
     std::shared_ptr<TreeSitterInternalLanguageMode> mode;
+
+private:
+    struct Owner : TreeSitterLanguageModeDelegate {
+        explicit Owner(std::shared_ptr<StringView> ownedText)
+            : text(std::move(ownedText)) {}
+
+        std::optional<TreeSitterTextProviderResult> treeSitterLanguageMode(ByteCount byteIndex) override {
+            return textProviderResult(text->snapshot(), byteIndex);
+        }
+
+        const std::shared_ptr<StringView> text;
+    };
+
+    const std::shared_ptr<Owner> owner;
 };
 
 } // namespace tessarine
