@@ -75,7 +75,7 @@ void TreeSitterInternalLanguageMode::parse(const TextSnapshot& text) {
 }
 
 void TreeSitterInternalLanguageMode::parse(const TextSnapshot& text, ParseCompletion completion) {
-    m_operationQueue.cancelAllOperations();
+    cancelBackgroundWork();
     LayerParseTask task{.text = text.length() > mostUnits ? TextSnapshot() : text,
                         .languageProvider = m_languageProvider,
                         .root = m_layers.root(),
@@ -121,6 +121,12 @@ bool TreeSitterInternalLanguageMode::reparse(const ParseLimit& limit, LineChange
     if (editCount > 1) changes.unionWith(linesOf(rangesTouched(editCount), editCount));
     m_layers = TreeSitterLanguageLayers(std::move(root));
     return true;
+}
+
+// A parse that is done and waits to be installed is not the queue's any more.
+void TreeSitterInternalLanguageMode::cancelBackgroundWork() {
+    m_operationQueue.cancelAllOperations();
+    if (m_backgroundParse) m_backgroundParse->operation->cancel();
 }
 
 void TreeSitterInternalLanguageMode::restartBackgroundParse() {
@@ -182,7 +188,7 @@ void TreeSitterInternalLanguageMode::replaceLayers(TreeSitterLanguageLayer::Refe
 }
 
 void TreeSitterInternalLanguageMode::forgetLayers() {
-    m_operationQueue.cancelAllOperations();
+    cancelBackgroundWork();
     m_backgroundParse.reset();
     m_restarts = 0;
     m_layers = TreeSitterLanguageLayers(std::make_shared<const TreeSitterLanguageLayer>(m_language));

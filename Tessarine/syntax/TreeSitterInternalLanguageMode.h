@@ -82,6 +82,7 @@ private:
                                    std::shared_ptr<MainExecutor> mainExecutor);
 
     bool reparse(const ParseLimit& limit, LineChangeSet& changes);
+    void cancelBackgroundWork();
     void restartBackgroundParse();
     void startBackgroundParse(LayerParseTask task, ParseCompletion completion);
     void reparseInBackground();

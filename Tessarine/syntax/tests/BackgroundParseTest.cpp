@@ -68,6 +68,23 @@ TEST(BackgroundParse, OfTwoQuickOnesOnlyTheSecondIsGood) {
     EXPECT_EQ(document.mode->operationQueue().name(), "TreeSitterLanguageMode");
 }
 
+TEST(BackgroundParse, ThatIsDoneAndNotYetInstalledGivesWayToo) {
+    SampleDocument document(pageOf(3), "html");
+    for (int i = 0; i < 20; ++i) {
+        std::vector<bool> completions;
+        const auto ask = [&] {
+            document.mode->parse(document.stringView->snapshot(),
+                                 [&](bool isParsed) { completions.push_back(isParsed); });
+        };
+        ask();
+        document.executor->waitFor(1);
+        if (i % 2 == 0) document.mode->parse(document.stringView->snapshot());
+        ask();
+        document.settle();
+        EXPECT_EQ(completions, (std::vector<bool>{false, true}));
+    }
+}
+
 TEST(BackgroundParse, OutlivesItsModeAndReportsFalse) {
     SampleDocument document(pageOf(200), "html");
     std::optional<bool> result;
