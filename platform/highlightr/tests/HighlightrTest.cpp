@@ -7,11 +7,16 @@
 #include <gtest/gtest.h>
 
 using namespace platform;
+using namespace std::chrono_literals;
 
 namespace {
 
 HighlightedCode scopesOf(const QString& code, const std::optional<QString>& language) {
-    const auto answer = HighlightProcess::shared().highlight(code, language, 2048);
+    // As patient as a machine that is busy with other tests needs it.
+    static HighlightProcess process(QCoreApplication::applicationDirPath() +
+                                        QStringLiteral("/quillet-highlighter"),
+                                    {.start = 60s, .request = 60s});
+    const auto answer = process.highlight(code, language, 2048);
     return answer ? *answer : HighlightedCode();
 }
 
