@@ -1,9 +1,11 @@
 #pragma once
 
+#include "Tessarine/document/DetectedIndentStrategy.h"
 #include "Tessarine/document/IndentStrategy.h"
 #include "Tessarine/document/LineChangeSet.h"
 #include "Tessarine/document/LinePosition.h"
 #include "Tessarine/document/TextSnapshot.h"
+#include "Tessarine/syntax/InsertLineBreakIndentStrategy.h"
 #include "Tessarine/syntax/LanguageModeTextChange.h"
 #include "Tessarine/syntax/SyntaxNode.h"
 
@@ -38,6 +40,13 @@ public:
 
     virtual std::int64_t currentIndentLevel(const DocumentLineNode& line,
                                             const IndentStrategy& strategy) const = 0;
+
+    // For a line break in place of a selection.
+    virtual InsertLineBreakIndentStrategy strategyForInsertingLineBreak(const LinePosition& start,
+                                                                        const LinePosition& end,
+                                                                        const IndentStrategy& strategy) = 0;
+
+    virtual DetectedIndentStrategy detectIndentStrategy() = 0;
 };
 
 } // namespace tessarine

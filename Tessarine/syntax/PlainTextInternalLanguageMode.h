@@ -20,6 +20,14 @@ public:
                                     const IndentStrategy& /*strategy*/) const override {
         return 0;
     }
+
+    InsertLineBreakIndentStrategy strategyForInsertingLineBreak(const LinePosition& /*start*/,
+                                                                const LinePosition& /*end*/,
+                                                                const IndentStrategy& /*strategy*/) override {
+        return {};
+    }
+
+    DetectedIndentStrategy detectIndentStrategy() override { return DetectedIndentStrategy::unknown(); }
 };
 
 } // namespace tessarine

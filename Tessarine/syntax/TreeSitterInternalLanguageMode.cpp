@@ -2,6 +2,8 @@
 
 #include "Tessarine/document/IndentLevelMeasurer.h"
 #include "Tessarine/syntax/PreferredUtf16Encoding.h"
+#include "Tessarine/syntax/TreeSitterIndentController.h"
+#include "Tessarine/syntax/TreeSitterIndentStrategyDetector.h"
 #include "Tessarine/syntax/TreeSitterLayerParser.h"
 
 #include <algorithm>
@@ -35,6 +37,11 @@ TreeSitterTextRange rangeTouched(const TreeSitterInputEdit& edit) {
 
 std::int64_t unitsBefore(const LanguageModeTextChange& change) {
     return (change.byteRange.location + change.byteRange.length).value() / 2;
+}
+
+const TreeSitterIndentationScopes* indentationScopes(const TreeSitterLayerAndNode& place) {
+    if (!place.layer || !place.layer->language()->indentationScopes) return nullptr;
+    return &*place.layer->language()->indentationScopes;
 }
 
 TextLocation textLocation(TreeSitterTextPoint point) {
@@ -238,6 +245,24 @@ std::int64_t TreeSitterInternalLanguageMode::currentIndentLevel(const DocumentLi
                                                                 const IndentStrategy& strategy) const {
     return IndentLevelMeasurer(*m_stringView)
         .indentLevel(line.location(), line.data().totalLength(), strategy.tabLength());
+}
+
+// A language without scopes does not indent, not even as deep as the line before.
+InsertLineBreakIndentStrategy TreeSitterInternalLanguageMode::strategyForInsertingLineBreak(
+    const LinePosition& start, const LinePosition& end, const IndentStrategy& strategy) {
+    const auto atStart = m_layers.layerAndNode(start);
+    const auto atEnd = m_layers.layerAndNode(end);
+    const auto* scopes = indentationScopes(atStart);
+    if (!scopes) scopes = indentationScopes(atEnd);
+    if (!scopes) return {};
+    return TreeSitterIndentController(*scopes, *m_stringView, *m_lineManager, strategy.tabLength())
+        .strategyForInsertingLineBreak(atStart.node, atEnd.node, start, end);
+}
+
+DetectedIndentStrategy TreeSitterInternalLanguageMode::detectIndentStrategy() {
+    const TreeSitterTree* tree = m_layers.rootTree();
+    if (!tree) return DetectedIndentStrategy::unknown();
+    return TreeSitterIndentStrategyDetector(*m_lineManager, *tree, *m_stringView).detect();
 }
 
 std::optional<TreeSitterTextProviderResult>

@@ -50,6 +50,10 @@ public:
     std::optional<SyntaxNode> syntaxNode(const LinePosition& position) override;
     std::int64_t currentIndentLevel(const DocumentLineNode& line,
                                     const IndentStrategy& strategy) const override;
+    InsertLineBreakIndentStrategy strategyForInsertingLineBreak(const LinePosition& start,
+                                                                const LinePosition& end,
+                                                                const IndentStrategy& strategy) override;
+    DetectedIndentStrategy detectIndentStrategy() override;
 
     std::optional<TreeSitterTextProviderResult> parserBytesAt(ByteCount byteIndex) override;
 

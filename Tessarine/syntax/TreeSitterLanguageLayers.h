@@ -42,6 +42,9 @@ public:
 
     void apply(const TreeSitterInputEdit& edit) { m_edits.push_back(edit); }
 
+    // Null if the root has none.
+    const TreeSitterTree* rootTree() { return treeOf(*m_root); }
+
     // The captures of the highlights queries that touch a range and stand, a layer's before its children's.
     // The children of a layer without tree or query are not asked.
     std::vector<TreeSitterCapture> captures(const ByteRange& range, const TextSnapshot& text);
