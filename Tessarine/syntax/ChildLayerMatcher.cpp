@@ -1,7 +1,5 @@
 #include "Tessarine/syntax/ChildLayerMatcher.h"
 
-#include "Tessarine/syntax/EditedRange.h"
-
 #include <utility>
 
 namespace tessarine {
@@ -19,14 +17,14 @@ std::int64_t endKey(const TreeSitterTextRange& range) {
 
 } // namespace
 
-ChildLayerMatcher::ChildLayerMatcher(const TreeSitterLanguageLayer& layer,
-                                     std::span<const TreeSitterInputEdit> edits) {
-    m_entries.reserve(layer.childLanguageLayers().size());
-    m_entryOfId.reserve(layer.childLanguageLayers().size());
-    for (const auto& [id, child] : layer.childLanguageLayers()) {
-        m_entryOfId.emplace(id, m_entries.size());
-        m_entries.push_back({child, rangeAfterEdits(*child->textRange(), edits).range});
-    }
+ChildLayerMatcher::ChildLayerMatcher(std::size_t capacity) {
+    m_entries.reserve(capacity);
+    m_entryOfId.reserve(capacity);
+}
+
+void ChildLayerMatcher::add(const TreeSitterLanguageLayer::Child& child, const TreeSitterTextRange& range) {
+    if (child.id) m_entryOfId.emplace(child.id, m_entries.size());
+    m_entries.push_back({child.layer, range});
 }
 
 TreeSitterLanguageLayer::Reference ChildLayerMatcher::takeWithId(const void* id) {

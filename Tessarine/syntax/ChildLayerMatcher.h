@@ -1,24 +1,24 @@
 #pragma once
 
 #include "Tessarine/syntax/TreeSitterInjectedLanguage.h"
-#include "Tessarine/syntax/TreeSitterInputEdit.h"
 #include "Tessarine/syntax/TreeSitterLanguageLayer.h"
 
-#include <span>
 #include <unordered_map>
 #include <vector>
 
 namespace tessarine {
 
-// Finds for stretches of the new tree which child of the old layer is their earlier self. For one reparse;
-// borrows the layer and the edits since.
+// Finds for stretches of the new tree which child of the old layer is their earlier self. For one reparse.
 //
 // The parser keeps the id of a node that no edit came near, so an id is the sure sign. A node that was made
 // anew around an edit has another: such a stretch is known by its place and language. Whatever is taken is
 // taken once.
 class ChildLayerMatcher {
 public:
-    ChildLayerMatcher(const TreeSitterLanguageLayer& layer, std::span<const TreeSitterInputEdit> edits);
+    explicit ChildLayerMatcher(std::size_t capacity);
+
+    // `range` is that of the child after the edits.
+    void add(const TreeSitterLanguageLayer::Child& child, const TreeSitterTextRange& range);
 
     // Null if none has the id. The language is not compared.
     TreeSitterLanguageLayer::Reference takeWithId(const void* id);

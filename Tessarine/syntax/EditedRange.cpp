@@ -91,6 +91,19 @@ RangeAfterEdits rangeAfterEdits(const TreeSitterTextRange& range,
     return result;
 }
 
+std::vector<TreeSitterTextRange> rangesTouched(std::span<const TreeSitterInputEdit> edits) {
+    std::vector<TreeSitterTextRange> ranges;
+    for (std::size_t i = 0; i < edits.size(); ++i) {
+        const TSInputEdit edit = edits[i].rawValue();
+        const TreeSitterTextRange touched({.start_point = edit.start_point,
+                                           .end_point = edit.new_end_point,
+                                           .start_byte = edit.start_byte,
+                                           .end_byte = edit.new_end_byte});
+        ranges.push_back(rangeAfterEdits(touched, edits.subspan(i + 1)).range);
+    }
+    return ranges;
+}
+
 std::vector<TreeSitterInputEdit> coalesced(std::span<const TreeSitterInputEdit> edits) {
     std::vector<TreeSitterInputEdit> result;
     for (const TreeSitterInputEdit& edit : edits)

@@ -27,6 +27,9 @@ struct RangeAfterEdits {
 // The same for edits one after the other.
 RangeAfterEdits rangeAfterEdits(const TreeSitterTextRange& range, std::span<const TreeSitterInputEdit> edits);
 
+// What edits put in, in the text behind all of them.
+std::vector<TreeSitterTextRange> rangesTouched(std::span<const TreeSitterInputEdit> edits);
+
 // The same change of the text in fewer edits: neighbours that touch each other, as typing makes them, are
 // one.
 std::vector<TreeSitterInputEdit> coalesced(std::span<const TreeSitterInputEdit> edits);

@@ -26,15 +26,6 @@ TreeSitterInputEdit inputEdit(const LanguageModeTextChange& change) {
             .newEndPoint = TreeSitterTextPoint(change.newEndLinePosition)};
 }
 
-// What an edit put in, in the text behind it.
-TreeSitterTextRange rangeTouched(const TreeSitterInputEdit& edit) {
-    const TSInputEdit rawValue = edit.rawValue();
-    return TreeSitterTextRange({.start_point = rawValue.start_point,
-                                .end_point = rawValue.new_end_point,
-                                .start_byte = rawValue.start_byte,
-                                .end_byte = rawValue.new_end_byte});
-}
-
 std::int64_t unitsBefore(const LanguageModeTextChange& change) {
     return (change.byteRange.location + change.byteRange.length).value() / 2;
 }
@@ -99,7 +90,7 @@ LineChangeSet TreeSitterInternalLanguageMode::textDidChange(const LanguageModeTe
     m_layers.apply(inputEdit(change));
     if (!m_backgroundParse) return bringUpToText();
     if (!m_backgroundParse->isWhole) restartBackgroundParse();
-    return linesOf({rangeTouched(m_layers.edits().back())}, m_layers.edits().size());
+    return linesOf(rangesTouched(std::span(m_layers.edits()).last(1)), m_layers.edits().size());
 }
 
 // Reparses here and now if there is time, else in the background. The lines of what has changed so far.
@@ -112,7 +103,7 @@ LineChangeSet TreeSitterInternalLanguageMode::bringUpToText() {
     if (m_lastReparseWasInBudget && reparse(ParseLimit(*m_reparseBudget), changes)) return changes;
     m_lastReparseWasInBudget = false;
     reparseInBackground();
-    return linesOf(rangesTouched(m_layers.edits().size()), m_layers.edits().size());
+    return linesTouched(m_layers.edits().size());
 }
 
 // False, and nothing is changed, if the limit was reached.
@@ -125,7 +116,7 @@ bool TreeSitterInternalLanguageMode::reparse(const ParseLimit& limit, LineChange
     const std::size_t editCount = m_layers.edits().size();
     changes.unionWith(linesOf(layers.takeChangedRanges(), editCount));
     // Of the last edit alone the lines are known to whoever made it.
-    if (editCount > 1) changes.unionWith(linesOf(rangesTouched(editCount), editCount));
+    if (editCount > 1) changes.unionWith(linesTouched(editCount));
     m_layers = TreeSitterLanguageLayers(std::move(root));
     return true;
 }
@@ -174,7 +165,7 @@ void TreeSitterInternalLanguageMode::install(ParsedLayers parsed) {
     const BackgroundParse done = *std::exchange(m_backgroundParse, std::nullopt);
     LineChangeSet changes = linesOf(std::move(parsed.changedRanges), done.editCount);
     if (!done.isWhole) {
-        changes.unionWith(linesOf(rangesTouched(done.editCount), done.editCount));
+        changes.unionWith(linesTouched(done.editCount));
         m_lastReparseWasInBudget = parsed.duration <= *m_reparseBudget;
     }
     m_restarts = 0;
@@ -201,13 +192,9 @@ void TreeSitterInternalLanguageMode::forgetLayers() {
     m_layers = TreeSitterLanguageLayers(std::make_shared<const TreeSitterLanguageLayer>(m_language));
 }
 
-// What the first edits put in, in the text behind them.
-std::vector<TreeSitterTextRange> TreeSitterInternalLanguageMode::rangesTouched(std::size_t editCount) const {
-    const auto edits = std::span(m_layers.edits()).first(editCount);
-    std::vector<TreeSitterTextRange> ranges;
-    for (std::size_t i = 0; i < editCount; ++i)
-        ranges.push_back(rangeAfterEdits(rangeTouched(edits[i]), edits.subspan(i + 1)).range);
-    return ranges;
+// Of what the first edits put in.
+LineChangeSet TreeSitterInternalLanguageMode::linesTouched(std::size_t editCount) const {
+    return linesOf(rangesTouched(std::span(m_layers.edits()).first(editCount)), editCount);
 }
 
 // Of ranges of the text before the later edits.

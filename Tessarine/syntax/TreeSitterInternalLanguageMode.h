@@ -96,7 +96,7 @@ private:
     void forgetLayers();
 
     LineChangeSet linesOf(std::vector<TreeSitterTextRange> ranges, std::size_t firstLaterEdit) const;
-    std::vector<TreeSitterTextRange> rangesTouched(std::size_t editCount) const;
+    LineChangeSet linesTouched(std::size_t editCount) const;
     void markLines(const TreeSitterTextRange& range, LineChangeSet& changes) const;
 
     // The document.

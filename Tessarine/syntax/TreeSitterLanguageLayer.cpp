@@ -7,13 +7,13 @@ namespace tessarine {
 TreeSitterLanguageLayer::TreeSitterLanguageLayer(TreeSitterInternalLanguage::Reference language,
                                                  std::optional<TreeSitterTextRange> textRange,
                                                  TreeSitterTree::Reference tree,
-                                                 TreeSitterTree::Reference identityTree,
-                                                 std::vector<Child> children)
+                                                 TreeSitterTree::Reference identityTree, Children children)
     : m_language(std::move(language))
     , m_textRange(textRange)
     , m_tree(std::move(tree))
     , m_identityTree(std::move(identityTree))
-    , m_children(std::move(children)) {
+    , m_children(std::move(children.layers))
+    , m_childrenAreIndependent(children.areIndependent) {
     const auto start = [](const Child& child) { return child.layer->textRange()->startByte(); };
     if (!std::ranges::is_sorted(m_children, {}, start)) std::ranges::sort(m_children, {}, start);
     m_greatestEnds.reserve(m_children.size());

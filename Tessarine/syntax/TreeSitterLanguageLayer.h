@@ -23,10 +23,16 @@ public:
 
     static constexpr int mostDepth = 10;
 
-    // The id is that of the node which the child was found on, in the tree that the child was found in.
+    // The id is that of the node which the child was found on, in the tree that the child was found in; null
+    // if it was found in an earlier one.
     struct Child {
         const void* id;
         Reference layer;
+    };
+
+    struct Children {
+        std::vector<Child> layers;
+        bool areIndependent = true; // see FoundInjections
     };
 
     // A root that has not been parsed.
@@ -37,7 +43,7 @@ public:
     // no other node can get the id of one of its nodes.
     TreeSitterLanguageLayer(TreeSitterInternalLanguage::Reference language,
                             std::optional<TreeSitterTextRange> textRange, TreeSitterTree::Reference tree,
-                            TreeSitterTree::Reference identityTree, std::vector<Child> children);
+                            TreeSitterTree::Reference identityTree, Children children);
 
     const TreeSitterInternalLanguage::Reference& language() const { return m_language; }
 
@@ -51,6 +57,8 @@ public:
 
     // In the order of their starts.
     const std::vector<Child>& childLanguageLayers() const { return m_children; }
+
+    bool childrenAreIndependent() const { return m_childrenAreIndependent; }
 
     // Whether there is no tree, or one without content.
     bool isEmpty() const;
@@ -72,6 +80,7 @@ private:
     TreeSitterTree::Reference m_tree;
     TreeSitterTree::Reference m_identityTree;
     std::vector<Child> m_children;
+    bool m_childrenAreIndependent = true;
     std::vector<ByteCount> m_greatestEnds; // of the children up to and with each: ascending, unlike the ends
 };
 

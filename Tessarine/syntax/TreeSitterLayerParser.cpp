@@ -1,11 +1,8 @@
 #include "Tessarine/syntax/TreeSitterLayerParser.h"
 
 #include "Tessarine/syntax/EditedRange.h"
-#include "Tessarine/syntax/TreeSitterInjectedLanguageMapper.h"
-#include "Tessarine/syntax/TreeSitterQueryCursor.h"
-#include "Tessarine/syntax/TreeSitterTextPredicatesEvaluator.h"
 
-#include <unordered_set>
+#include <algorithm>
 #include <utility>
 
 namespace tessarine {
@@ -28,11 +25,13 @@ bool dependsOnPlace(const Layer& layer) {
     return layer.tree() && ts_node_has_error(layer.tree()->rootNode().rawValue());
 }
 
-// Two captures on one node make one child, the first.
-void dropRepeatedNodes(std::vector<TreeSitterInjectedLanguage>& injections) {
-    std::unordered_set<const void*> ids;
-    ids.reserve(injections.size());
-    std::erase_if(injections, [&](const auto& injection) { return !ids.insert(injection.id).second; });
+bool touches(ByteInterval interval, const TreeSitterTextRange& range) {
+    return range.startByte() <= interval.last && range.endByte() >= interval.first;
+}
+
+// Whether looking through the interval, twice, is worth it.
+bool isSmallPartOf(const TreeSitterNode& root, ByteInterval interval) {
+    return (interval.last - interval.first).value() * 4 <= (root.endByte() - root.startByte()).value();
 }
 
 } // namespace
@@ -44,6 +43,7 @@ Layer::Reference TreeSitterLayerParser::parse(const TreeSitterInternalLanguage::
 Layer::Reference TreeSitterLayerParser::apply(const Layer::Reference& root,
                                               std::span<const TreeSitterInputEdit> edits) {
     m_edits = edits;
+    m_touchedRanges = rangesTouched(edits);
     return applyToLayer(root, {.range = {}, .depth = 0});
 }
 
@@ -60,10 +60,10 @@ Layer::Reference TreeSitterLayerParser::parseLayer(const TreeSitterInternalLangu
                                                    const Place& place) {
     prepareParser(*language, place);
     const auto tree = m_parser.parse(m_text, nullptr, m_limit);
-    std::vector<Layer::Child> children;
-    for (const auto& injection : injections(*language, tree, place.depth)) {
-        auto child = childLanguageLayer({injection, nullptr}, place.depth + 1);
-        if (child) children.push_back({injection.id, std::move(child)});
+    Layer::Children children;
+    if (const auto search = injectionsSearch(*language, tree, place.depth)) {
+        ChildLayerMatcher none(0);
+        children = childLayers(search->inWholeTree(*tree), none, place.depth);
     }
     if (isStopped()) return nullptr;
     return std::make_shared<const Layer>(language, place.range, tree, tree, std::move(children));
@@ -83,25 +83,107 @@ Layer::Reference TreeSitterLayerParser::reparseLayer(const Layer& layer, const P
     const auto tree = isSmall(place.range) ? m_parser.parse(m_text, nullptr, m_limit)
                                            : m_parser.parse(oldTree.get(), m_limit);
     if (isStopped()) return nullptr;
-    if (oldTree && tree) {
-        const auto ranges = oldTree->rangesChanged(*tree);
-        m_changedRanges.insert(m_changedRanges.end(), ranges.begin(), ranges.end());
-    }
-    auto children = updateChildLayers(layer, tree, place.depth);
+    Reparse reparse{.layer = layer, .place = place, .oldTree = oldTree, .tree = tree, .changedRanges = {}};
+    if (oldTree && tree) reparse.changedRanges = oldTree->rangesChanged(*tree);
+    m_changedRanges.insert(m_changedRanges.end(), reparse.changedRanges.begin(), reparse.changedRanges.end());
+    auto children = updateChildLayers(reparse);
     if (isStopped()) return nullptr;
     return std::make_shared<const Layer>(layer.language(), place.range, tree, tree, std::move(children));
 }
 
-std::vector<Layer::Child> TreeSitterLayerParser::updateChildLayers(const Layer& layer,
-                                                                   const TreeSitterTree::Reference& tree,
-                                                                   int depth) {
-    ChildLayerMatcher matcher(layer, m_edits);
-    std::vector<Layer::Child> children;
-    for (const Stretch& stretch : stretches(injections(*layer.language(), tree, depth), matcher)) {
+// Nothing if there is nothing to look for.
+std::optional<InjectionsSearch>
+TreeSitterLayerParser::injectionsSearch(const TreeSitterInternalLanguage& language,
+                                        const TreeSitterTree::Reference& tree, int depth) {
+    if (isStopped() || !language.injectionsQuery || !tree || depth + 1 >= Layer::mostDepth) return {};
+    return InjectionsSearch(*language.injectionsQuery, m_text, m_limit);
+}
+
+Layer::Children TreeSitterLayerParser::updateChildLayers(const Reparse& reparse) {
+    const auto search = injectionsSearch(*reparse.layer.language(), reparse.tree, reparse.place.depth);
+    if (!search) {
+        for (const auto& [id, child] : reparse.layer.childLanguageLayers())
+            m_changedRanges.push_back(rangeAfterEdits(*child->textRange(), m_edits).range);
+        return {};
+    }
+    const auto interval = changedInterval(reparse);
+    auto children = interval ? updateChildLayersNear(*interval, reparse, *search) : std::nullopt;
+    return children ? std::move(*children) : updateAllChildLayers(reparse, *search);
+}
+
+Layer::Children TreeSitterLayerParser::updateAllChildLayers(const Reparse& reparse,
+                                                            const InjectionsSearch& search) {
+    ChildLayerMatcher matcher(reparse.layer.childLanguageLayers().size());
+    for (const Layer::Child& child : reparse.layer.childLanguageLayers())
+        matcher.add(child, rangeAfterEdits(*child.layer->textRange(), m_edits).range);
+    return childLayers(search.inWholeTree(*reparse.tree), matcher, reparse.place.depth);
+}
+
+// A match that touches nothing of what changed is in both trees. So what the others captured in the old tree
+// is in doubt, and what they capture in the new one is found anew. Nothing if that does not fit together.
+std::optional<Layer::Children> TreeSitterLayerParser::updateChildLayersNear(ByteInterval interval,
+                                                                            const Reparse& reparse,
+                                                                            const InjectionsSearch& search) {
+    const ByteInterval doubtful = search.grownToCaptures(interval, *reparse.oldTree);
+    FoundInjections found = search.near(doubtful, *reparse.tree);
+    ChildLayerMatcher matcher(0);
+    std::vector<Kept> kept;
+    for (const Layer::Child& child : reparse.layer.childLanguageLayers()) {
+        const TreeSitterTextRange range = rangeAfterEdits(*child.layer->textRange(), m_edits).range;
+        if (touches(doubtful, range))
+            matcher.add(child, range);
+        else
+            kept.push_back({child.layer, range});
+    }
+    const auto elsewhere = std::ranges::stable_partition(
+        found.injections, [&](const auto& injection) { return touches(doubtful, injection.textRange); });
+    if (!found.areIndependent || !areKept(elsewhere, kept)) return std::nullopt;
+    found.injections.erase(elsewhere.begin(), elsewhere.end());
+
+    const int depth = reparse.place.depth;
+    Layer::Children children = childLayers(std::move(found), matcher, depth);
+    for (const auto& [layer, range] : kept) {
+        children.layers.push_back({nullptr, applyToLayer(layer, {.range = range, .depth = depth + 1})});
+        if (m_isStopped) break;
+    }
+    return children;
+}
+
+// The kept ones are in the order of their starts.
+bool TreeSitterLayerParser::areKept(std::span<const TreeSitterInjectedLanguage> injections,
+                                    std::span<const Kept> kept) const {
+    return std::ranges::all_of(injections, [&](const TreeSitterInjectedLanguage& injection) {
+        const auto start = [](const Kept& child) { return child.range.startByte(); };
+        const auto found = std::ranges::lower_bound(kept, injection.textRange.startByte(), {}, start);
+        return found != kept.end() && found->range == injection.textRange &&
+               found->layer->language() == languageNamed(injection.languageName);
+    });
+}
+
+// What lies between all that edits touched or the parse changed. Nothing if it cannot be told, or if looking
+// through all is as well.
+std::optional<ByteInterval> TreeSitterLayerParser::changedInterval(const Reparse& reparse) const {
+    if (!reparse.oldTree || !reparse.layer.childrenAreIndependent() || isSmall(reparse.place.range))
+        return std::nullopt;
+    const TreeSitterNode root = reparse.tree->rootNode();
+    ByteInterval interval{root.endByte(), root.startByte()};
+    for (const auto* ranges : {&m_touchedRanges, &reparse.changedRanges})
+        for (const TreeSitterTextRange& range : *ranges) {
+            interval.first = std::min(interval.first, std::max(range.startByte(), root.startByte()));
+            interval.last = std::max(interval.last, std::min(range.endByte(), root.endByte()));
+        }
+    if (interval.first > interval.last || !isSmallPartOf(root, interval)) return std::nullopt;
+    return interval;
+}
+
+Layer::Children TreeSitterLayerParser::childLayers(FoundInjections found, ChildLayerMatcher& matcher,
+                                                   int depth) {
+    Layer::Children children{.layers = {}, .areIndependent = found.areIndependent};
+    for (const Stretch& stretch : stretches(std::move(found.injections), matcher)) {
         auto child = childLanguageLayer(stretch, depth + 1);
         if (!child) continue;
         if (!stretch.earlier) m_changedRanges.push_back(stretch.injection.textRange);
-        children.push_back({stretch.injection.id, std::move(child)});
+        children.layers.push_back({stretch.injection.id, std::move(child)});
     }
     const auto rest = matcher.rangesOfRest();
     m_changedRanges.insert(m_changedRanges.end(), rest.begin(), rest.end());
@@ -116,21 +198,6 @@ Layer::Reference TreeSitterLayerParser::childLanguageLayer(const Stretch& stretc
     const auto language =
         stretch.earlier ? stretch.earlier->language() : languageNamed(stretch.injection.languageName);
     return language ? parseLayer(language, place) : nullptr;
-}
-
-std::vector<TreeSitterInjectedLanguage>
-TreeSitterLayerParser::injections(const TreeSitterInternalLanguage& language,
-                                  const TreeSitterTree::Reference& tree, int depth) {
-    if (isStopped() || !language.injectionsQuery || !tree || depth + 1 >= Layer::mostDepth) return {};
-    TreeSitterQueryCursor cursor(*language.injectionsQuery, tree->rootNode(), m_limit);
-    cursor.execute();
-    std::vector<TreeSitterCapture> captures;
-    for (TreeSitterQueryMatch match; cursor.nextMatch(match);)
-        appendValidCaptures(match, m_text, captures);
-    if (isStopped()) return {};
-    auto found = TreeSitterInjectedLanguageMapper(m_text).map(captures);
-    dropRepeatedNodes(found);
-    return found;
 }
 
 // Ids first, for all: a place must not take what an id stands for.
@@ -158,11 +225,11 @@ TreeSitterInternalLanguage::Reference TreeSitterLayerParser::languageNamed(const
 
 // All of it lies below the edits, so nothing has to be parsed.
 Layer::Reference TreeSitterLayerParser::moved(const Layer& layer, const Place& place) {
-    std::vector<Layer::Child> children;
-    children.reserve(layer.childLanguageLayers().size());
+    Layer::Children children{.layers = {}, .areIndependent = layer.childrenAreIndependent()};
+    children.layers.reserve(layer.childLanguageLayers().size());
     for (const auto& [id, child] : layer.childLanguageLayers()) {
         const auto range = rangeAfterEdits(*child->textRange(), m_edits).range;
-        children.push_back({id, applyToLayer(child, {.range = range, .depth = place.depth + 1})});
+        children.layers.push_back({id, applyToLayer(child, {.range = range, .depth = place.depth + 1})});
         if (m_isStopped) return nullptr;
     }
     return std::make_shared<const Layer>(layer.language(), place.range, edited(layer.tree()),

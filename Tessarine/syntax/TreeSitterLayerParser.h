@@ -2,6 +2,7 @@
 
 #include "Tessarine/document/TextSnapshot.h"
 #include "Tessarine/syntax/ChildLayerMatcher.h"
+#include "Tessarine/syntax/InjectionsSearch.h"
 #include "Tessarine/syntax/ParseLimit.h"
 #include "Tessarine/syntax/TreeSitterInjectedLanguage.h"
 #include "Tessarine/syntax/TreeSitterLanguageLayer.h"
@@ -16,6 +17,7 @@ namespace tessarine {
 
 // Makes layers: of a whole text, or of layers and the edits since. Strictly top-down: a layer is parsed, the
 // stretches in other languages are found in its tree, then each of those is parsed. One parser serves all.
+// After edits those stretches are looked for around what changed; the others are where they were.
 //
 // For one run on one thread; borrows everything. A run whose limit is reached gives null.
 class TreeSitterLayerParser {
@@ -47,6 +49,21 @@ private:
         int depth;
     };
 
+    // A layer that is being brought up to the text.
+    struct Reparse {
+        const Layer& layer;
+        const Place& place;
+        TreeSitterTree::Reference oldTree; // where the text is now
+        TreeSitterTree::Reference tree;
+        std::vector<TreeSitterTextRange> changedRanges;
+    };
+
+    // A child that nothing came near, and where it is now.
+    struct Kept {
+        Layer::Reference layer;
+        TreeSitterTextRange range;
+    };
+
     // A stretch and the child that it was before, if any.
     struct Stretch {
         TreeSitterInjectedLanguage injection;
@@ -57,12 +74,17 @@ private:
     Layer::Reference parseLayer(const TreeSitterInternalLanguage::Reference& language, const Place& place);
     Layer::Reference applyToLayer(const Layer::Reference& layer, const Place& place);
     Layer::Reference reparseLayer(const Layer& layer, const Place& place);
-    std::vector<Layer::Child> updateChildLayers(const Layer& layer, const TreeSitterTree::Reference& tree,
-                                                int depth);
+    std::optional<InjectionsSearch> injectionsSearch(const TreeSitterInternalLanguage& language,
+                                                     const TreeSitterTree::Reference& tree, int depth);
     Layer::Reference childLanguageLayer(const Stretch& stretch, int depth);
 
-    std::vector<TreeSitterInjectedLanguage> injections(const TreeSitterInternalLanguage& language,
-                                                       const TreeSitterTree::Reference& tree, int depth);
+    Layer::Children updateChildLayers(const Reparse& reparse);
+    Layer::Children updateAllChildLayers(const Reparse& reparse, const InjectionsSearch& search);
+    std::optional<Layer::Children> updateChildLayersNear(ByteInterval interval, const Reparse& reparse,
+                                                         const InjectionsSearch& search);
+    Layer::Children childLayers(FoundInjections found, ChildLayerMatcher& matcher, int depth);
+    bool areKept(std::span<const TreeSitterInjectedLanguage> injections, std::span<const Kept> kept) const;
+    std::optional<ByteInterval> changedInterval(const Reparse& reparse) const;
     std::vector<Stretch> stretches(std::vector<TreeSitterInjectedLanguage> injections,
                                    ChildLayerMatcher& matcher) const;
     TreeSitterInternalLanguage::Reference languageNamed(const std::string& name) const;
@@ -75,6 +97,7 @@ private:
     const TreeSitterLanguageProvider* m_languageProvider;
     const ParseLimit& m_limit;
     std::span<const TreeSitterInputEdit> m_edits;
+    std::vector<TreeSitterTextRange> m_touchedRanges; // by the edits
     std::vector<TreeSitterTextRange> m_changedRanges;
     bool m_isStopped = false;
 };

@@ -71,6 +71,33 @@ TEST(Layers, ContentNeedsALanguageRightBeforeIt) {
     EXPECT_EQ(languagesOfChildren(root(*between)), (Names{"Regex"}));
 }
 
+// The edit is far from the content, beyond text that nothing changes in.
+TEST(Layers, ALanguageNamedByAnotherMatchReachesItsContent) {
+    const std::u16string between(2'000, u'\n');
+    SampleDocument document(u"f('css');" + between + u"g(/p {}/);", sampleLanguage("JavaScript", "", R"(
+                                (string_fragment) @language
+                                (regex_pattern) @content)"),
+                            SampleLanguages::shared());
+    document.parse();
+    EXPECT_EQ(languagesOfChildren(root(document)), (Names{"CSS"}));
+    document.replace(2, 5, u"a");
+    EXPECT_TRUE(root(document).childLanguageLayers().empty());
+}
+
+TEST(Layers, ChildrenFarFromAnEditAreKept) {
+    std::u16string text;
+    for (int i = 0; i < 300; ++i)
+        text += page;
+    SampleDocument document(text, "html");
+    document.parse();
+    const auto first = root(document).childLanguageLayers().front().layer;
+    document.replace(document.stringView->length() - 12, 0, u"a");
+    EXPECT_EQ(root(document).childLanguageLayers().front().layer, first);
+    document.insertBefore(u"one", u"<script>f()</script>");
+    EXPECT_EQ(document.description(), document.freshDescription());
+    EXPECT_EQ(root(document).childLanguageLayers().size(), 901U);
+}
+
 TEST(Layers, TwoInjectionsOnOneNodeMakeOneChildThatTakesAnEditOnce) {
     SampleDocument document(u"a; `p { top: 1px }`; b;",
                             sampleLanguage("JavaScript", "",
