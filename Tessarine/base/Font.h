@@ -19,7 +19,7 @@ struct Font {
 
     std::string name;
     double pointSize = 0;
-    FontTraits traits;
+    FontTraits traits = {};
 
     static Font system(double pointSize) { return {systemName, pointSize, {}}; }
 
