@@ -3,6 +3,7 @@
 #include "Tessarine/document/IndentLevelMeasurer.h"
 #include "Tessarine/syntax/PreferredUtf16Encoding.h"
 #include "Tessarine/syntax/TreeSitterLayerParser.h"
+#include "Tessarine/syntax/highlighting/TreeSitterSyntaxHighlighter.h"
 
 #include <algorithm>
 #include <limits>
@@ -223,6 +224,10 @@ void TreeSitterInternalLanguageMode::markLines(const TreeSitterTextRange& range,
     for (; line != &last; line = &line->nextNode())
         changes.markLineEdited(*line);
     changes.markLineEdited(*line);
+}
+
+std::shared_ptr<LineSyntaxHighlighter> TreeSitterInternalLanguageMode::createLineSyntaxHighlighter() {
+    return std::make_shared<TreeSitterSyntaxHighlighter>(m_stringView, shared_from_this());
 }
 
 std::optional<SyntaxNode> TreeSitterInternalLanguageMode::syntaxNode(const LinePosition& position) {
