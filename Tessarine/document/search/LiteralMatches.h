@@ -15,6 +15,9 @@ public:
 
     Next next() override;
 
+    // The next match will be one that starts at `location` or behind, whatever was found before.
+    void seek(std::int64_t location) { m_location = location; }
+
 private:
     // The first place from m_location on where a match may start, or the end of the run there.
     std::int64_t nextPlace();

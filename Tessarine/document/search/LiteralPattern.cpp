@@ -41,9 +41,10 @@ UnitProbe probe(std::size_t offset, const std::vector<char32_t>& characters) {
 
 } // namespace
 
-LiteralPattern::LiteralPattern(std::u16string_view text, bool isCaseSensitive)
+LiteralPattern::LiteralPattern(std::u16string_view text, bool isCaseSensitive, Kind kind)
     : m_text(text)
     , m_isCaseSensitive(isCaseSensitive)
+    , m_kind(kind)
     , m_characters(charactersOf(text)) {
     if (!isCaseSensitive) m_characters = CaseFolding::shared().fold(m_characters);
 }
@@ -70,10 +71,14 @@ std::optional<std::int64_t> LiteralPattern::limitOfFolded(CharacterReader& reade
     while (!rest.empty()) {
         if (location == reader.length()) return std::nullopt;
         const FoldedCharacter folded = CaseFolding::shared().fold(reader.next(location));
-        if (!rest.starts_with(folded.view())) return std::nullopt;
-        rest.remove_prefix(folded.view().size());
+        if (!agree(folded.view(), rest)) return std::nullopt;
+        rest.remove_prefix(std::min(folded.view().size(), rest.size()));
     }
     return location;
+}
+
+bool LiteralPattern::agree(std::u32string_view folded, std::u32string_view rest) const {
+    return rest.starts_with(folded) || (m_kind == Kind::prefix && folded.starts_with(rest));
 }
 
 UnitProbe LiteralPattern::firstProbe() const {
@@ -98,7 +103,7 @@ std::vector<char32_t> LiteralPattern::charactersAt(std::size_t index) const {
     if (m_isCaseSensitive) return characters;
     const CaseFolding& folding = CaseFolding::shared();
     for (const char32_t character : folding.foldingTo(rest.front()))
-        if (rest.starts_with(folding.fold(character).view())) characters.push_back(character);
+        if (agree(folding.fold(character).view(), rest)) characters.push_back(character);
     return characters;
 }
 

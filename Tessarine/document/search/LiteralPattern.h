@@ -18,8 +18,11 @@ namespace tessarine {
 // ends in.
 class LiteralPattern {
 public:
+    // What may stand behind a match. A prefix may end inside of what a character of the text folds to.
+    enum class Kind { whole, prefix };
+
     // Requires a text.
-    LiteralPattern(std::u16string_view text, bool isCaseSensitive);
+    LiteralPattern(std::u16string_view text, bool isCaseSensitive, Kind kind = Kind::whole);
 
     // Where the match that starts at `location` ends, if one does.
     std::optional<std::int64_t> limitOfMatch(CharacterReader& reader, std::int64_t location) const;
@@ -32,6 +35,7 @@ public:
     }
 
 private:
+    bool agree(std::u32string_view folded, std::u32string_view rest) const;
     std::optional<std::int64_t> limitOfEqual(CharacterReader& reader, std::int64_t location) const;
     std::optional<std::int64_t> limitOfFolded(CharacterReader& reader, std::int64_t location) const;
 
@@ -49,6 +53,7 @@ private:
 
     std::u16string m_text;
     bool m_isCaseSensitive;
+    Kind m_kind;
     std::u32string m_characters; // folded where case does not matter
 };
 

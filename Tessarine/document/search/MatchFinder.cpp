@@ -3,6 +3,7 @@
 #include "Tessarine/base/FatalError.h"
 #include "Tessarine/document/search/LiteralMatches.h"
 #include "Tessarine/document/search/RegexMatches.h"
+#include "Tessarine/document/search/RegexPrefix.h"
 
 #include <limits>
 
@@ -16,7 +17,7 @@ public:
 };
 
 bool isLiteral(const SearchQuery& query) {
-    return !query.isRegularExpression || query.text.find_first_of(u"\\^$.|?*+()[]{}") == query.text.npos;
+    return !query.isRegularExpression || query.text.find_first_of(regexMetacharacters) == query.text.npos;
 }
 
 std::expected<std::unique_ptr<MatchEngine>, SearchError>

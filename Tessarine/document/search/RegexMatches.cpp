@@ -2,6 +2,7 @@
 
 #include "Tessarine/document/UnicodeText.h"
 #include "Tessarine/document/search/CharacterReader.h"
+#include "Tessarine/document/search/RegexPrefix.h"
 
 #include <algorithm>
 #include <limits>
@@ -19,6 +20,11 @@ constexpr std::int32_t stackBytes = 32'000'000;
 constexpr std::int64_t leastSteps = 4'000;
 constexpr std::int64_t mostSteps = 1'000'000;
 constexpr std::int64_t unitsPerStep = 2'500;
+
+// A try at a prefix costs as much as some hundred units looked through by ICU, and its steps are counted only
+// from the 10,000th on. So there are few tries, or many units between them.
+constexpr std::int64_t freeTries = 16;
+constexpr std::int64_t unitsPerTry = 1'024;
 
 std::int32_t stepsFor(std::int64_t length) {
     return static_cast<std::int32_t>(std::min(leastSteps + length / unitsPerStep, mostSteps));
@@ -51,7 +57,7 @@ std::expected<std::unique_ptr<MatchEngine>, SearchError> RegexMatches::create(co
     if (U_FAILURE(status)) return std::unexpected(invalidPattern(status, place));
     std::unique_ptr<RegexMatches> matches(
         new RegexMatches(std::move(pattern), std::move(matcher), std::move(stop)));
-    matches->start(text, location, status);
+    matches->start(text, query, location, status);
     if (U_FAILURE(status)) return std::unexpected(matches->error(status));
     return matches;
 }
@@ -62,15 +68,20 @@ RegexMatches::RegexMatches(std::unique_ptr<icu::RegexPattern> pattern,
     , m_matcher(std::move(matcher))
     , m_stop(std::move(stop)) {}
 
-void RegexMatches::start(const TextSnapshot& text, std::int64_t location, UErrorCode& status) {
+void RegexMatches::start(const TextSnapshot& text, const SearchQuery& query, std::int64_t location,
+                         UErrorCode& status) {
     UnicodeText unicodeText(text);
     m_matcher->reset(unicodeText.get()); // makes a clone of it
-    m_start = location + (CharacterReader(text).splitsCharacter(location) ? 1 : 0);
+    m_location = location + (CharacterReader(text).splitsCharacter(location) ? 1 : 0);
     m_stepsOfFind = stepsFor(text.length());
     m_matcher->setStackLimit(stackBytes, status);
     m_matcher->setMatchCallback(matchGoesOn, this, status);
     // It would be called for every character that a match is not tried at.
     if (m_stop.stop_possible()) m_matcher->setFindProgressCallback(findGoesOn, this, status);
+    const std::u16string prefix = prefixOfMatches(query.text);
+    if (prefix.empty()) return;
+    LiteralPattern pattern(prefix, query.isCaseSensitive, LiteralPattern::Kind::prefix);
+    m_prefixes = std::make_unique<LiteralMatches>(text, std::move(pattern), m_location, m_stop);
 }
 
 MatchEngine::Next RegexMatches::next() {
@@ -79,17 +90,51 @@ MatchEngine::Next RegexMatches::next() {
         const bool isFound = find(status);
         if (U_FAILURE(status)) return std::unexpected(error(status));
         if (!isFound) return std::nullopt;
-        if (m_matcher->end64(status) > m_matcher->start64(status)) return match(status);
+        m_location = m_matcher->end64(status);
+        if (m_location > m_matcher->start64(status)) return match(status);
     }
     return cancelled();
 }
 
-// ICU's limit counts from the start, so it is moved along.
 bool RegexMatches::find(UErrorCode& status) {
-    const std::int32_t greatest = std::numeric_limits<std::int32_t>::max() - m_stepsOfFind;
-    m_matcher->setTimeLimit(std::min(m_steps, greatest) + m_stepsOfFind, status);
-    if (std::exchange(m_hasStarted, true)) return m_matcher->find(status);
-    return m_matcher->find(m_start, status);
+    if (m_prefixes) return findBehindPrefix(status);
+    return std::exchange(m_hasStarted, true) ? findNext(status) : findFrom(m_location, status);
+}
+
+bool RegexMatches::findBehindPrefix(UErrorCode& status) {
+    std::int64_t place = m_location;
+    for (std::int64_t tries = 0; tries < freeTries + (place - m_location) / unitsPerTry; ++tries) {
+        m_prefixes->seek(place);
+        const Next prefix = m_prefixes->next();
+        if (!prefix) status = U_REGEX_STOPPED_BY_CALLER;
+        if (!prefix || !*prefix) return false;
+        place = (*prefix)->range.location;
+        if (matchesAt(place, status)) return true;
+        if (U_FAILURE(status)) return false;
+        ++place;
+    }
+    return findFrom(place, status);
+}
+
+bool RegexMatches::matchesAt(std::int64_t location, UErrorCode& status) {
+    setTimeLimit(0, status);
+    return m_matcher->lookingAt(location, status);
+}
+
+bool RegexMatches::findFrom(std::int64_t location, UErrorCode& status) {
+    setTimeLimit(0, status);
+    return m_matcher->find(location, status);
+}
+
+// Unlike the others, this goes on counting.
+bool RegexMatches::findNext(UErrorCode& status) {
+    setTimeLimit(m_steps, status);
+    return m_matcher->find(status);
+}
+
+void RegexMatches::setTimeLimit(std::int32_t stepsSoFar, UErrorCode& status) {
+    m_steps = std::min(stepsSoFar, std::numeric_limits<std::int32_t>::max() - m_stepsOfFind);
+    m_matcher->setTimeLimit(m_steps + m_stepsOfFind, status);
 }
 
 SearchMatch RegexMatches::match(UErrorCode& status) const {

@@ -112,6 +112,49 @@ TEST(MatchFinder, AnyCaseIsWhatICUTakesForIt) {
             << testing::PrintToString(pattern);
 }
 
+// An expression, or nearly one, of literals and what may stand around them.
+std::u16string randomExpression(RandomText& random) {
+    static const std::u16string parts[] = {
+        u"a",    u"s",     u"ss",       u"\u00DF",     u"k",     u"A",    u"st",    u"\xD83D",
+        u"\\xs", u"\\x73", u"\\uDE00",  u"\U0001F600", u"(a|s)", u"(",    u")",     u"|",
+        u"[ab]", u"[)|]",  u"?",        u"*",          u"+",     u"{2}",  u".",     u"\\b",
+        u"^",    u"$",     u"\\Qa|\\E", u"(?=s)",      u"\\c(",  u"(?i)", u"(?#()", u"#"};
+    std::u16string expression;
+    for (std::int64_t count = 1 + random.upTo(4); count > 0; --count)
+        expression += parts[random.upTo(std::size(parts) - 1)];
+    return expression;
+}
+
+TEST(MatchFinder, ExpressionsAreFoundWhereICUFindsThem) {
+    int valid = 0;
+    for (std::uint32_t seed = 1; seed <= 20'000; ++seed) {
+        RandomText random(seed);
+        const SearchQuery query{randomExpression(random), true, random.upTo(1) == 0};
+        UErrorCode status = U_ZERO_ERROR;
+        const icu::RegexMatcher matcher(icu::UnicodeString(query.text.c_str()), 0, status);
+        if (U_FAILURE(status)) continue;
+        ++valid;
+        const TextSnapshot text = textOf(fromAlphabet(random, random.upTo(120)));
+        ASSERT_EQ(found(text, query), oracle(text, query))
+            << "seed " << seed << " " << testing::PrintToString(query.text);
+    }
+    EXPECT_GT(valid, 5000);
+}
+
+// A prefix that is rare and then frequent, matches far apart and then none.
+TEST(MatchFinder, PrefixesLeadToAllMatches) {
+    std::u16string text(5000, u'-');
+    for (int i = 0; i < 40; ++i)
+        text += u"abx" + std::u16string(static_cast<std::size_t>(i % 7 == 0 ? 3000 : 1), u'-') + u"aabY";
+    text += std::u16string(5000, u'-') + u"ABy";
+    const TextSnapshot snapshot = textOf(text);
+    for (const bool isCaseSensitive : {false, true}) {
+        const SearchQuery query{u"ab(x-aab)?[yY]", true, isCaseSensitive};
+        EXPECT_FALSE(found(snapshot, query).empty());
+        EXPECT_EQ(found(snapshot, query), oracle(snapshot, query));
+    }
+}
+
 TEST(MatchFinder, ExpressionsMatchOverTheWholeText) {
     const std::u16string text = u"one\ntwo\r\n\nthree \U0001F600 ONE";
     for (const char16_t* pattern :
