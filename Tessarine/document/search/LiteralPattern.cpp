@@ -12,7 +12,7 @@ namespace {
 // The end of a run is looked through unit by unit for as long as the last probe reaches.
 constexpr std::size_t furthestProbe = 32;
 
-std::u32string charactersOf(std::u16string_view text) {
+std::u32string codePointsOf(std::u16string_view text) {
     std::u32string characters;
     for (std::size_t at = 0; at < text.size();) {
         UChar32 character = 0;
@@ -45,7 +45,7 @@ LiteralPattern::LiteralPattern(std::u16string_view text, bool isCaseSensitive, K
     : m_text(text)
     , m_isCaseSensitive(isCaseSensitive)
     , m_kind(kind)
-    , m_characters(charactersOf(text)) {
+    , m_characters(codePointsOf(text)) {
     if (!isCaseSensitive) m_characters = CaseFolding::shared().fold(m_characters);
 }
 
