@@ -72,6 +72,8 @@ public:
     // Whether a parse is still to be installed.
     bool hasBackgroundParse() const { return m_backgroundParse.has_value(); }
 
+    const OperationQueue& operationQueue() const { return m_operationQueue; }
+
     // The highlighters', and their way back from there. Parses have another, so that no line waits for them.
     OperationQueue& highlightQueue() { return m_highlightQueue; }
 
