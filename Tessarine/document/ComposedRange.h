@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tessarine/document/TextRange.h"
+#include "Tessarine/base/TextRange.h"
 #include "Tessarine/document/TextSnapshot.h"
 
 #include <cstdint>

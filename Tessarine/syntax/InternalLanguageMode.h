@@ -8,9 +8,11 @@
 #include "Tessarine/syntax/InsertLineBreakIndentStrategy.h"
 #include "Tessarine/syntax/LanguageModeTextChange.h"
 #include "Tessarine/syntax/SyntaxNode.h"
+#include "Tessarine/syntax/highlighting/LineSyntaxHighlighter.h"
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace tessarine {
@@ -35,6 +37,9 @@ public:
 
     // To be called after each change of the text and its lines. The lines whose syntax changed.
     virtual LineChangeSet textDidChange(const LanguageModeTextChange& change) = 0;
+
+    // A new one, with the default theme. Thread: it belongs to the main one.
+    virtual std::shared_ptr<LineSyntaxHighlighter> createLineSyntaxHighlighter() = 0;
 
     virtual std::optional<SyntaxNode> syntaxNode(const LinePosition& position) = 0;
 

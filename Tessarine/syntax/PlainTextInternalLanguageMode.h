@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tessarine/syntax/InternalLanguageMode.h"
+#include "Tessarine/syntax/highlighting/PlainTextSyntaxHighlighter.h"
 
 namespace tessarine {
 
@@ -13,6 +14,10 @@ public:
     void parse(const TextSnapshot& /*text*/, ParseCompletion completion) override { completion(true); }
 
     LineChangeSet textDidChange(const LanguageModeTextChange& /*change*/) override { return {}; }
+
+    std::shared_ptr<LineSyntaxHighlighter> createLineSyntaxHighlighter() override {
+        return std::make_shared<PlainTextSyntaxHighlighter>();
+    }
 
     std::optional<SyntaxNode> syntaxNode(const LinePosition& /*position*/) override { return std::nullopt; }
 

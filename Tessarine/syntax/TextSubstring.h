@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Tessarine/base/TextRange.h"
 #include "Tessarine/document/ByteRange.h"
-#include "Tessarine/document/TextRange.h"
 #include "Tessarine/document/TextSnapshot.h"
 
 #include <optional>

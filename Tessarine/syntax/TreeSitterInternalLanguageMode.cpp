@@ -5,6 +5,7 @@
 #include "Tessarine/syntax/TreeSitterIndentController.h"
 #include "Tessarine/syntax/TreeSitterIndentStrategyDetector.h"
 #include "Tessarine/syntax/TreeSitterLayerParser.h"
+#include "Tessarine/syntax/highlighting/TreeSitterSyntaxHighlighter.h"
 
 #include <algorithm>
 #include <limits>
@@ -217,6 +218,10 @@ void TreeSitterInternalLanguageMode::markLines(const TreeSitterTextRange& range,
     for (; line != &last; line = &line->nextNode())
         changes.markLineEdited(*line);
     changes.markLineEdited(*line);
+}
+
+std::shared_ptr<LineSyntaxHighlighter> TreeSitterInternalLanguageMode::createLineSyntaxHighlighter() {
+    return std::make_shared<TreeSitterSyntaxHighlighter>(m_stringView, shared_from_this());
 }
 
 std::optional<SyntaxNode> TreeSitterInternalLanguageMode::syntaxNode(const LinePosition& position) {

@@ -47,6 +47,7 @@ public:
     void parse(const TextSnapshot& text) override;
     void parse(const TextSnapshot& text, ParseCompletion completion) override;
     LineChangeSet textDidChange(const LanguageModeTextChange& change) override;
+    std::shared_ptr<LineSyntaxHighlighter> createLineSyntaxHighlighter() override;
     std::optional<SyntaxNode> syntaxNode(const LinePosition& position) override;
     std::int64_t currentIndentLevel(const DocumentLineNode& line,
                                     const IndentStrategy& strategy) const override;
@@ -71,7 +72,10 @@ public:
     // Whether a parse is still to be installed.
     bool hasBackgroundParse() const { return m_backgroundParse.has_value(); }
 
-    const OperationQueue& operationQueue() const { return m_operationQueue; }
+    // For work on the document in the background, and the way back from there.
+    OperationQueue& operationQueue() { return m_operationQueue; }
+
+    const std::shared_ptr<MainExecutor>& mainExecutor() const { return m_mainExecutor; }
 
 private:
     struct BackgroundParse {

@@ -25,25 +25,27 @@ const TreeSitterTree* TreeSitterLanguageLayers::treeOf(const TreeSitterLanguageL
 }
 
 std::vector<TreeSitterCapture> TreeSitterLanguageLayers::captures(const ByteRange& range,
-                                                                  const TextSnapshot& text) {
+                                                                  const TextSnapshot& text,
+                                                                  const ParseLimit& limit) {
     std::vector<TreeSitterCapture> captures;
-    appendCaptures(*m_root, range, text, captures);
+    appendCaptures(*m_root, range, text, limit, captures);
     return captures;
 }
 
 void TreeSitterLanguageLayers::appendCaptures(const TreeSitterLanguageLayer& layer, const ByteRange& range,
-                                              const TextSnapshot& text,
+                                              const TextSnapshot& text, const ParseLimit& limit,
                                               std::vector<TreeSitterCapture>& captures) {
     const TreeSitterTree* tree = treeOf(layer);
     if (!tree || !layer.language()->highlightsQuery) return;
-    TreeSitterQueryCursor cursor(*layer.language()->highlightsQuery, tree->rootNode());
+    TreeSitterQueryCursor cursor(*layer.language()->highlightsQuery, tree->rootNode(), limit);
     cursor.setQueryRange(range);
     cursor.execute();
     for (TreeSitterQueryMatch match; cursor.nextMatch(match);)
         appendValidCaptures(match, text, captures);
     const ByteInterval parsed = beforeEdits({range.location, range.location + range.length}, m_edits);
-    layer.visitChildren(
-        parsed, [&](const TreeSitterLanguageLayer& child) { appendCaptures(child, range, text, captures); });
+    layer.visitChildren(parsed, [&](const TreeSitterLanguageLayer& child) {
+        appendCaptures(child, range, text, limit, captures);
+    });
 }
 
 TreeSitterLayerAndNode TreeSitterLanguageLayers::layerAndNode(const LinePosition& position) {

@@ -2,6 +2,7 @@
 
 #include "Tessarine/document/LinePosition.h"
 #include "Tessarine/document/TextSnapshot.h"
+#include "Tessarine/syntax/ParseLimit.h"
 #include "Tessarine/syntax/TreeSitterCapture.h"
 #include "Tessarine/syntax/TreeSitterLanguageLayer.h"
 
@@ -46,8 +47,10 @@ public:
     const TreeSitterTree* rootTree() { return treeOf(*m_root); }
 
     // The captures of the highlights queries that touch a range and stand, a layer's before its children's.
-    // The children of a layer without tree or query are not asked.
-    std::vector<TreeSitterCapture> captures(const ByteRange& range, const TextSnapshot& text);
+    // The children of a layer without tree or query are not asked. Once the limit is reached there are no
+    // more.
+    std::vector<TreeSitterCapture> captures(const ByteRange& range, const TextSnapshot& text,
+                                            const ParseLimit& limit = {});
 
     // The deepest layer and the smallest node; between nodes of one length a parent before its children.
     TreeSitterLayerAndNode layerAndNode(const LinePosition& position);
@@ -60,7 +63,8 @@ private:
 
     const TreeSitterTree* treeOf(const TreeSitterLanguageLayer& layer);
     void appendCaptures(const TreeSitterLanguageLayer& layer, const ByteRange& range,
-                        const TextSnapshot& text, std::vector<TreeSitterCapture>& captures);
+                        const TextSnapshot& text, const ParseLimit& limit,
+                        std::vector<TreeSitterCapture>& captures);
     TreeSitterLayerAndNode layerAndNode(const TreeSitterLanguageLayer& layer, TreeSitterTextPoint point);
 
     TreeSitterLanguageLayer::Reference m_root;

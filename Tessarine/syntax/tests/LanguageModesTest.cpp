@@ -28,6 +28,7 @@ TEST(InternalLanguageModeFactory, MakesAModeOfEachKindAndOfNoOther) {
     EXPECT_TRUE(isParsed);
     EXPECT_TRUE(plain->textDidChange({}).editedLines().isEmpty());
     EXPECT_FALSE(plain->syntaxNode({0, 0}));
+    EXPECT_FALSE(plain->createLineSyntaxHighlighter()->canHighlight());
     EXPECT_EQ(plain->currentIndentLevel(lines->lineAtRow(0), IndentStrategy::space(2)), 0);
     EXPECT_DEATH((void)factory.internalLanguageMode(Unknown(), view, lines),
                  "Fatal error: .* is not a supported language mode");

@@ -1,12 +1,9 @@
 #include "Tessarine/syntax/tests/RandomSource.h"
 #include "Tessarine/syntax/tests/SampleDocument.h"
+#include "Tessarine/syntax/tests/SampleText.h"
 #include "languages/grammars/Grammars.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
-#include <sstream>
-#include <unicode/unistr.h>
 
 using namespace tessarine;
 
@@ -83,13 +80,6 @@ TEST_P(Reparse, GivesWhatAFreshParseGives) {
 
 INSTANTIATE_TEST_SUITE_P(Languages, Reparse, ::testing::Range<std::size_t>(0, std::size(samples)),
                          [](const auto& test) { return std::string(samples[test.param].language); });
-
-std::u16string sampleText(std::string_view grammar) {
-    std::ostringstream text;
-    text << std::ifstream(std::string(SAMPLES) + "/" + std::string(grammar) + ".txt").rdbuf();
-    const auto units = icu::UnicodeString::fromUTF8(text.str());
-    return {units.getBuffer(), static_cast<std::size_t>(units.length())};
-}
 
 // Every grammar of the build, alone, with pieces of its own sample put elsewhere and cut out.
 class ReparseOfEveryGrammar : public ::testing::TestWithParam<std::size_t> {};

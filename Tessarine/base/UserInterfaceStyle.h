@@ -1,0 +1,7 @@
+#pragma once
+
+namespace tessarine {
+
+enum class UserInterfaceStyle { Light, Dark };
+
+} // namespace tessarine
