@@ -234,6 +234,16 @@ TEST(MatchFinder, ManyMatchesAreNoReasonToStop) {
     EXPECT_EQ(found(textOf(text), {u"(?:(a+)+c)?b", true, true}).size(), 12U);
 }
 
+// A try at a place that a match may begin at is no search of its own.
+TEST(MatchFinder, TriesAtAPrefixCountTogether) {
+    std::u16string text;
+    for (int i = 0; i < 12; ++i)
+        text += u"foo" + std::u16string(22, u'a') + u" ";
+    EXPECT_EQ(errorOf(textOf(text), u"foo(a+)+b"), SearchError::Kind::timeLimit);
+    text += u"foob";
+    EXPECT_EQ(found(textOf(text), {u"foo(a+)?b", true, true}), (Ranges{{312, 316}}));
+}
+
 TEST(MatchFinder, StopsWhenItIsTold) {
     const TextSnapshot text = TextStore(std::u16string(1'000'000, u'a')).text();
     for (const SearchQuery& query :
