@@ -3,8 +3,8 @@
 
 #include "Tessarine/document/bench/Samples.h"
 #include "Tessarine/document/bench/Workload.h"
+#include "tools/peers/ScintillaText.h"
 
-#include <Qsci/qsciscintillabase.h>
 #include <QtCore/QFile>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
@@ -56,44 +56,32 @@ private:
 
 class ScintillaPeer {
 public:
-    explicit ScintillaPeer(const QByteArray& bytes) {
-        send(QsciScintillaBase::SCI_SETCODEPAGE, QsciScintillaBase::SC_CP_UTF8);
-        send(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 0);
-        send(QsciScintillaBase::SCI_ALLOCATE, static_cast<unsigned long>(bytes.size()) + 1000);
-        m_editor.SendScintilla(QsciScintillaBase::SCI_ADDTEXT, static_cast<unsigned long>(bytes.size()),
-                               bytes.constData());
-        send(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 1);
-        // Without it each edit counts the text's characters for accessibility, which takes 100 ms.
-        send(QsciScintillaBase::SCI_SETMODEVENTMASK, 0);
-    }
+    explicit ScintillaPeer(const QByteArray& bytes)
+        : m_text(bytes) {}
 
-    qint64 length() const { return send(QsciScintillaBase::SCI_GETLENGTH); }
+    qint64 length() const { return m_text.length(); }
 
-    qint64 lineCount() const { return send(QsciScintillaBase::SCI_GETLINECOUNT); }
+    qint64 lineCount() const { return m_text.send(QsciScintillaBase::SCI_GETLINECOUNT); }
 
     qint64 lineOf(qint64 location) const {
-        return send(QsciScintillaBase::SCI_LINEFROMPOSITION, static_cast<unsigned long>(location));
+        return m_text.send(QsciScintillaBase::SCI_LINEFROMPOSITION, static_cast<unsigned long>(location));
     }
 
     qint64 locationOf(qint64 line) const {
-        return send(QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
+        return m_text.send(QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
     }
 
     void insert(qint64 location, char character) {
         const char text[] = {character, 0};
-        m_editor.SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, static_cast<unsigned long>(location), text);
+        m_text.send(QsciScintillaBase::SCI_INSERTTEXT, static_cast<unsigned long>(location), text);
     }
 
     void remove(qint64 location) {
-        send(QsciScintillaBase::SCI_DELETERANGE, static_cast<unsigned long>(location), 1);
+        m_text.send(QsciScintillaBase::SCI_DELETERANGE, static_cast<unsigned long>(location), 1);
     }
 
 private:
-    long send(unsigned message, unsigned long first = 0, long second = 0) const {
-        return m_editor.SendScintilla(message, first, second);
-    }
-
-    QsciScintillaBase m_editor;
+    ScintillaText m_text;
 };
 
 template <class Peer>
