@@ -3,13 +3,12 @@
 
 #include "Tessarine/document/bench/Samples.h"
 #include "Tessarine/document/bench/Workload.h"
+#include "tools/peers/PeerMain.h"
 #include "tools/peers/ScintillaText.h"
 
-#include <QtCore/QFile>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
-#include <QtWidgets/QApplication>
 
 #include <cstdio>
 #include <memory>
@@ -102,16 +101,8 @@ void run(const QByteArray& bytes, int loads, int edits) {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
-    QFile file(arguments.value(2));
-    if (!file.open(QIODevice::ReadOnly)) return 1;
-    const QByteArray bytes = file.readAll();
     // Fewer rounds for the slow ones: what they measure is milliseconds apart from ours all the same.
-    if (arguments.value(1) == QLatin1String("qscintilla"))
-        run<ScintillaPeer>(bytes, 5, 2'000);
-    else
-        run<TextDocumentPeer>(bytes, 2, 10'000);
-    return 0;
+    return runPeer(
+        argc, argv, [](const QByteArray& bytes) { run<ScintillaPeer>(bytes, 5, 2'000); },
+        [](const QByteArray& bytes) { run<TextDocumentPeer>(bytes, 2, 10'000); });
 }

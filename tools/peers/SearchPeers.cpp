@@ -2,13 +2,12 @@
 // milliseconds. Usage: search_peers (qtextdocument|qscintilla) FILE
 
 #include "Tessarine/document/search/bench/SearchWorkload.h"
+#include "tools/peers/PeerMain.h"
 #include "tools/peers/ScintillaText.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
-#include <QtWidgets/QApplication>
 
 #include <cstdio>
 #include <cstring>
@@ -88,15 +87,5 @@ void run(const QByteArray& bytes) {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
-    QFile file(arguments.value(2));
-    if (!file.open(QIODevice::ReadOnly)) return 1;
-    const QByteArray bytes = file.readAll();
-    if (arguments.value(1) == QLatin1String("qscintilla"))
-        run<ScintillaPeer>(bytes);
-    else
-        run<TextDocumentPeer>(bytes);
-    return 0;
+    return runPeer(argc, argv, run<ScintillaPeer>, run<TextDocumentPeer>);
 }
