@@ -98,43 +98,48 @@ MatchEngine::Next RegexMatches::next() {
 
 bool RegexMatches::find(UErrorCode& status) {
     if (m_prefixes) return findBehindPrefix(status);
-    return std::exchange(m_hasStarted, true) ? findNext(status) : findFrom(m_location, status);
+    return std::exchange(m_hasStarted, true) ? findNext(status) : findFrom(m_location, m_stepsOfFind, status);
 }
 
 bool RegexMatches::findBehindPrefix(UErrorCode& status) {
     std::int64_t place = m_location;
+    std::int32_t steps = m_stepsOfFind; // those left for this find
     for (std::int64_t tries = 0; tries < freeTries + (place - m_location) / unitsPerTry; ++tries) {
         m_prefixes->seek(place);
         const Next prefix = m_prefixes->next();
         if (!prefix) status = U_REGEX_STOPPED_BY_CALLER;
         if (!prefix || !*prefix) return false;
         place = (*prefix)->range.location;
-        if (matchesAt(place, status)) return true;
+        if (matchesAt(place, steps, status)) return true;
         if (U_FAILURE(status)) return false;
+        steps -= m_steps;
         ++place;
     }
-    return findFrom(place, status);
+    return findFrom(place, steps, status);
 }
 
-bool RegexMatches::matchesAt(std::int64_t location, UErrorCode& status) {
-    setTimeLimit(0, status);
+bool RegexMatches::matchesAt(std::int64_t location, std::int32_t steps, UErrorCode& status) {
+    beginSteps(steps, status);
     return m_matcher->lookingAt(location, status);
 }
 
-bool RegexMatches::findFrom(std::int64_t location, UErrorCode& status) {
-    setTimeLimit(0, status);
+bool RegexMatches::findFrom(std::int64_t location, std::int32_t steps, UErrorCode& status) {
+    beginSteps(steps, status);
     return m_matcher->find(location, status);
 }
 
 // Unlike the others, this goes on counting.
 bool RegexMatches::findNext(UErrorCode& status) {
-    setTimeLimit(m_steps, status);
+    const std::int32_t room = std::numeric_limits<std::int32_t>::max() - m_stepsOfFind;
+    m_matcher->setTimeLimit(std::min(m_steps, room) + m_stepsOfFind, status);
     return m_matcher->find(status);
 }
 
-void RegexMatches::setTimeLimit(std::int32_t stepsSoFar, UErrorCode& status) {
-    m_steps = std::min(stepsSoFar, std::numeric_limits<std::int32_t>::max() - m_stepsOfFind);
-    m_matcher->setTimeLimit(m_steps + m_stepsOfFind, status);
+// ICU begins to count at a location that it is given. A limit of 0 would be none, but where no step is left
+// it has stopped before.
+void RegexMatches::beginSteps(std::int32_t steps, UErrorCode& status) {
+    m_steps = 0;
+    m_matcher->setTimeLimit(steps, status);
 }
 
 SearchMatch RegexMatches::match(UErrorCode& status) const {

@@ -35,10 +35,10 @@ private:
 
     bool find(UErrorCode& status);
     bool findBehindPrefix(UErrorCode& status);
-    bool findFrom(std::int64_t location, UErrorCode& status);
+    bool findFrom(std::int64_t location, std::int32_t steps, UErrorCode& status);
     bool findNext(UErrorCode& status);
-    bool matchesAt(std::int64_t location, UErrorCode& status);
-    void setTimeLimit(std::int32_t stepsSoFar, UErrorCode& status);
+    bool matchesAt(std::int64_t location, std::int32_t steps, UErrorCode& status);
+    void beginSteps(std::int32_t steps, UErrorCode& status);
 
     SearchMatch match(UErrorCode& status) const;
     SearchError error(UErrorCode status) const;

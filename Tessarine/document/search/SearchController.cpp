@@ -32,10 +32,11 @@ std::optional<SearchResult> resultOf(TextRange range, const SearchControllerDele
 
 template <class Body>
 void SearchController::forEachResult(const SearchQuery& query, Body&& body) const {
+    const TextSnapshot text = m_stringView->snapshot();
+    const std::vector<SearchMatch> matches = matchesOrConsoleLine(text, query);
     const auto delegate = m_delegate.lock();
     if (!delegate) return;
-    const TextSnapshot text = m_stringView->snapshot();
-    for (const SearchMatch& match : matchesOrConsoleLine(text, query))
+    for (const SearchMatch& match : matches)
         if (auto result = resultOf(match.range, *delegate)) body(match, std::move(*result), text);
 }
 

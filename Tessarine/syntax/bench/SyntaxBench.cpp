@@ -1,5 +1,5 @@
 // What syntax costs beside the bare parsing library, which gets the same texts and edits in the same run:
-// whole parses, keystrokes, the captures of a line, memory.
+// whole parses, keystrokes, the captures and the highlight of a line, memory.
 
 #include "Tessarine/document/bench/BenchRow.h"
 #include "Tessarine/document/bench/Workload.h"
@@ -145,6 +145,33 @@ void benchCaptures(const std::string& name, const std::u16string& text, std::str
     printRow("  library, without predicates and what is injected", bareSamples, microseconds, "us");
 }
 
+LineSyntaxHighlighterInput lineOf(const BenchDocument& document, std::int64_t row) {
+    const auto& line = document.lineManager->lineAtRow(row);
+    return {.attributedString = std::make_shared<AttributedString>(
+                document.stringView->substring(line.location(), line.data().totalLength())),
+            .byteRange = {line.data().startByte(), line.data().byteCount()}};
+}
+
+void benchHighlights(const std::string& name, const std::u16string& text, std::string_view language,
+                     int count) {
+    BenchDocument document(text, language, {});
+    document.mode->parse(document.stringView->snapshot());
+    const auto highlighter = document.mode->createLineSyntaxHighlighter();
+    WorkloadRandom random;
+    Samples samples;
+    Samples again;
+    for (int i = 0; i < count; ++i) {
+        const auto input = lineOf(document, random(document.lineManager->lineCount()));
+        samples.measure([&] {
+            highlighter->setDefaultAttributes(*input.attributedString);
+            highlighter->syntaxHighlight(input);
+        });
+        again.measure([&] { highlighter->syntaxHighlight(input); });
+    }
+    printRow("highlight of a line, " + name, samples, microseconds, "us");
+    printRow("  over the attributes of the last", again, microseconds, "us");
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -176,6 +203,11 @@ int main(int argc, char** argv) {
         benchCaptures("1 MB of JavaScript", SampleTexts::javaScript(mega), "javascript");
         benchCaptures("a page of 500 scripts", SampleTexts::page(500), "html");
         benchCaptures("1 MB of Markdown", SampleTexts::markdown(mega), "markdown");
+    }
+    if (isWanted("highlights")) {
+        benchHighlights("10 MB of C", SampleTexts::c(10 * mega), "c", 5'000);
+        benchHighlights("1 MB of JavaScript", SampleTexts::javaScript(mega), "javascript", 5'000);
+        benchHighlights("1 MB of C on one line", SampleTexts::oneLine(mega), "c", 5);
     }
     if (isWanted("typing")) {
         benchTypingInWord("with 1 ms in 10 MB of Markdown", SampleTexts::markdown(10 * mega), "markdown");

@@ -115,10 +115,10 @@ TEST(MatchFinder, AnyCaseIsWhatICUTakesForIt) {
 // An expression, or nearly one, of literals and what may stand around them.
 std::u16string randomExpression(RandomText& random) {
     static const std::u16string parts[] = {
-        u"a",    u"s",     u"ss",       u"\u00DF",     u"k",     u"A",    u"st",    u"\xD83D",
-        u"\\xs", u"\\x73", u"\\uDE00",  u"\U0001F600", u"(a|s)", u"(",    u")",     u"|",
-        u"[ab]", u"[)|]",  u"?",        u"*",          u"+",     u"{2}",  u".",     u"\\b",
-        u"^",    u"$",     u"\\Qa|\\E", u"(?=s)",      u"\\c(",  u"(?i)", u"(?#()", u"#"};
+        u"a",     u"s",       u"ss",         u"\u00DF", u"k",    u"A",   u"st", u"\xD83D", u"\\xs",
+        u"\\x73", u"\\uDE00", u"\U0001F600", u"(a|s)",  u"(",    u")",   u"|",  u"[ab]",   u"[)|]",
+        u"?",     u"*",       u"+",          u"{2}",    u".",    u"\\b", u"^",  u"$",      u"\\Qa|\\E",
+        u"(?=s)", u"\\c(",    u"(?i)",       u"(?#()",  u"(?x)", u" ",   u"#",  u"\\Q\\E"};
     std::u16string expression;
     for (std::int64_t count = 1 + random.upTo(4); count > 0; --count)
         expression += parts[random.upTo(std::size(parts) - 1)];
@@ -127,7 +127,7 @@ std::u16string randomExpression(RandomText& random) {
 
 TEST(MatchFinder, ExpressionsAreFoundWhereICUFindsThem) {
     int valid = 0;
-    for (std::uint32_t seed = 1; seed <= 20'000; ++seed) {
+    for (std::uint32_t seed = 1; seed <= 40'000; ++seed) {
         RandomText random(seed);
         const SearchQuery query{randomExpression(random), true, random.upTo(1) == 0};
         UErrorCode status = U_ZERO_ERROR;
@@ -139,6 +139,12 @@ TEST(MatchFinder, ExpressionsAreFoundWhereICUFindsThem) {
             << "seed " << seed << " " << testing::PrintToString(query.text);
     }
     EXPECT_GT(valid, 5000);
+}
+
+TEST(MatchFinder, AQuantifierReachesBackOverWhatIsEmpty) {
+    for (const char16_t* pattern : {u"ab\\Q\\E*c", u"ab(?#x)*c", u"a\\Q\\E(?#x)*c", u"\\b^ab{0}c", u"ab|c"})
+        EXPECT_EQ(found(textOf(u"ac abc c"), {pattern, true, true}),
+                  oracle(textOf(u"ac abc c"), {pattern, true, true}));
 }
 
 // A prefix that is rare and then frequent, matches far apart and then none.
@@ -226,6 +232,16 @@ TEST(MatchFinder, ManyMatchesAreNoReasonToStop) {
     for (int i = 0; i < 12; ++i)
         text += std::u16string(21, u'a') + u"b ";
     EXPECT_EQ(found(textOf(text), {u"(?:(a+)+c)?b", true, true}).size(), 12U);
+}
+
+// A try at a place that a match may begin at is no search of its own.
+TEST(MatchFinder, TriesAtAPrefixCountTogether) {
+    std::u16string text;
+    for (int i = 0; i < 12; ++i)
+        text += u"foo" + std::u16string(22, u'a') + u" ";
+    EXPECT_EQ(errorOf(textOf(text), u"foo(a+)+b"), SearchError::Kind::timeLimit);
+    text += u"foob";
+    EXPECT_EQ(found(textOf(text), {u"foo(a+)?b", true, true}), (Ranges{{312, 316}}));
 }
 
 TEST(MatchFinder, StopsWhenItIsTold) {

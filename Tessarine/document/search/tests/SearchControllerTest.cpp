@@ -88,6 +88,10 @@ TEST_F(SearchControllerTest, AFailureIsALineOnTheConsole) {
     EXPECT_THAT(controller.search({u"(a+)+b", true}, u"$0"), IsEmpty());
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "⚠️ The regular expression takes too long in this text.\n");
+    lines.reset();
+    testing::internal::CaptureStdout();
+    EXPECT_THAT(controller.search({u"(", true}), IsEmpty());
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), HasSubstr("⚠️"));
 }
 
 } // namespace
