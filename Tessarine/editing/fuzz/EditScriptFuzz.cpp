@@ -2,13 +2,14 @@
 // a plain text, with lines made anew and with a tree of a fresh parse.
 
 #include "Tessarine/editing/tests/EditScript.h"
-#include "languages/grammars/Grammars.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <span>
 
 using namespace tessarine;
+
+extern "C" const TSLanguage* tree_sitter_json();
 
 namespace {
 
@@ -38,7 +39,7 @@ private:
 
 const TreeSitterLanguageMode& languageMode() {
     static const TreeSitterLanguageMode mode(std::make_shared<const TreeSitterLanguage>(
-        languages::grammarNamed("JSON"), std::nullopt, std::nullopt,
+        tree_sitter_json(), std::nullopt, std::nullopt,
         TreeSitterIndentationScopes{.indent = {"array", "object"},
                                     .inheritIndent = {},
                                     .outdent = {"}", "]"},
