@@ -2,6 +2,7 @@
 
 #include "Tessarine/syntax/highlighting/TreeSitterSyntaxHighlightToken.h"
 
+#include <chrono>
 #include <expected>
 
 namespace tessarine {
@@ -10,6 +11,8 @@ namespace {
 
 using Error = TreeSitterSyntaxHighlighterError;
 using Captures = std::expected<std::vector<HighlightCapture>, Error>;
+
+constexpr std::chrono::milliseconds longestSearchAtOnce{200};
 
 // The search in the background, with all that it needs.
 struct CaptureSearch {
@@ -32,7 +35,10 @@ bool TreeSitterSyntaxHighlighter::canHighlight() const {
 }
 
 void TreeSitterSyntaxHighlighter::syntaxHighlight(const LineSyntaxHighlighterInput& input) {
-    apply(highlightCaptures(m_languageMode->layers(), input.byteRange, m_stringView->snapshot(), {}), input);
+    const ParseLimit limit(longestSearchAtOnce);
+    const auto captures =
+        highlightCaptures(m_languageMode->layers(), input.byteRange, m_stringView->snapshot(), limit);
+    if (!limit.isReached()) apply(captures, input);
 }
 
 void TreeSitterSyntaxHighlighter::syntaxHighlight(LineSyntaxHighlighterInput input, Completion completion) {

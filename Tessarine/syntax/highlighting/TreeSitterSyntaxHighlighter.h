@@ -14,8 +14,8 @@ namespace tessarine {
 //
 // Threads: the background has a snapshot of the text and its own copy of the layers, both from the moment of
 // the call, so the document may change meanwhile; nothing else is read there, and it never owns the
-// highlighter. A highlight waits for what its mode's queue has before it, parses among it. Whoever changes
-// the line calls cancel(), as what comes back is of the text as it was.
+// highlighter. A highlight waits for those asked for before it, not for parses. Whoever changes the line
+// calls cancel(), as what comes back is of the text as it was.
 class TreeSitterSyntaxHighlighter final : public LineSyntaxHighlighter,
                                           public std::enable_shared_from_this<TreeSitterSyntaxHighlighter> {
 public:
@@ -27,6 +27,8 @@ public:
     // Once the document has been parsed.
     bool canHighlight() const override;
 
+    // A line that takes far too long, as one among thousands of open brackets does, keeps its default
+    // attributes.
     void syntaxHighlight(const LineSyntaxHighlighterInput& input) override;
 
     // Does not call off an earlier one.

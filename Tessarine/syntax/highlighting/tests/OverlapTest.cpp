@@ -75,6 +75,18 @@ TEST(TreeSitterSyntaxHighlighter, CanHighlightOnceThereIsATree) {
     EXPECT_EQ(document.highlighted().length(), 0);
 }
 
+// Of unclosed brackets the parser makes a chain that each step of a search goes up again. To the end it would
+// take half a minute.
+TEST(TreeSitterSyntaxHighlighter, GivesALineUpThatTakesFarTooLong) {
+    HighlightedDocument document(std::u16string(100'000, u'['), sampleLanguage("JSON", "\"[\" @bracket"),
+                                 nullptr);
+    document.parse();
+    const auto line = document.inputOfAll();
+    const AttributedString before = *line.attributedString;
+    document.highlighter->syntaxHighlight(line);
+    EXPECT_EQ(*line.attributedString, before);
+}
+
 TEST(TreeSitterSyntaxHighlighter, BeginsWithTheDefaultTheme) {
     const SampleDocument document(u"return;", "c");
     document.mode->parse(document.stringView->snapshot());
