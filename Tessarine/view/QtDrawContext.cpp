@@ -27,28 +27,35 @@ void QtDrawContext::setFillColor(const Color& color) {
 }
 
 void QtDrawContext::fillRect(const Rect& rect) {
-    m_painter.fillRect(toQt(rect), m_fillColor);
+    painter().fillRect(toQt(rect), m_fillColor);
 }
 
 void QtDrawContext::fillRoundedRect(const Rect& rect, double cornerRadius) {
-    m_painter.setRenderHint(QPainter::Antialiasing);
-    m_painter.setPen(Qt::NoPen);
-    m_painter.setBrush(m_fillColor);
-    m_painter.drawRoundedRect(toQt(rect), cornerRadius, cornerRadius);
+    QPainter& filling = painter();
+    filling.setRenderHint(QPainter::Antialiasing);
+    filling.setPen(Qt::NoPen);
+    filling.setBrush(m_fillColor);
+    filling.drawRoundedRect(toQt(rect), cornerRadius, cornerRadius);
 }
 
 void QtDrawContext::drawLine(const TextLine& line, const Point& baseline) {
     const auto* const row = dynamic_cast<const QtTextLine*>(&line);
     if (!row) fatalError("A row is drawn that another host has made.");
-    row->draw(m_painter, toQt(baseline), m_style);
+    row->draw(painter(), toQt(baseline), m_style);
 }
 
 void QtDrawContext::drawText(std::u16string_view text, const Font& font, const Color& color,
                              const Rect& rect) {
     const QFont face = qtFont(font);
-    m_painter.setFont(face);
-    m_painter.setPen(toQt(color.resolved(m_style)));
-    m_painter.drawText(QPointF(rect.x, rect.y + QFontMetricsF(face).ascent()), toQt(text));
+    QPainter& writing = painter();
+    writing.setFont(face);
+    writing.setPen(toQt(color.resolved(m_style)));
+    writing.drawText(QPointF(rect.x, rect.y + QFontMetricsF(face).ascent()), toQt(text));
+}
+
+QPainter& QtDrawContext::painter() {
+    m_hasDrawn = true;
+    return m_painter;
 }
 
 } // namespace tessarine

@@ -27,11 +27,17 @@ public:
     void drawLine(const TextLine& line, const Point& baseline) override;
     void drawText(std::u16string_view text, const Font& font, const Color& color, const Rect& rect) override;
 
+    // Whether there was anything to draw.
+    bool hasDrawn() const { return m_hasDrawn; }
+
 private:
+    QPainter& painter();
+
     QPainter& m_painter;
     const UserInterfaceStyle m_style;
     QColor m_fillColor = Qt::black;
     std::vector<QColor> m_savedFillColors;
+    bool m_hasDrawn = false;
 };
 
 } // namespace tessarine
