@@ -27,7 +27,7 @@ void QtDrawContext::setFillColor(const Color& color) {
 }
 
 void QtDrawContext::fillRect(const Rect& rect) {
-    painter().fillRect(toQt(rect), m_fillColor);
+    painter().fillRect(toQt(rect).normalized(), m_fillColor);
 }
 
 void QtDrawContext::fillRoundedRect(const Rect& rect, double cornerRadius) {
@@ -35,7 +35,7 @@ void QtDrawContext::fillRoundedRect(const Rect& rect, double cornerRadius) {
     filling.setRenderHint(QPainter::Antialiasing);
     filling.setPen(Qt::NoPen);
     filling.setBrush(m_fillColor);
-    filling.drawRoundedRect(toQt(rect), cornerRadius, cornerRadius);
+    filling.drawRoundedRect(toQt(rect).normalized(), cornerRadius, cornerRadius);
 }
 
 void QtDrawContext::drawLine(const TextLine& line, const Point& baseline) {

@@ -11,7 +11,8 @@ class QPainter;
 
 namespace tessarine {
 
-// Draws with the toolkit's painter, whose origin is that of the view. Rows have to be of a QtTextShaper.
+// Draws with the toolkit's painter, whose origin is that of the view. Rows have to be of a QtTextShaper. A
+// rectangle may be given by any two opposite corners, as text that runs from right to left brings forth.
 class QtDrawContext final : public DrawContext {
 public:
     // The painter outlives the context.

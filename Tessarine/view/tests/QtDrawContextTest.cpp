@@ -91,11 +91,13 @@ TEST_F(QtDrawContextTest, FillsWithTheColorOfItsState) {
     }
     context.fillRect({20, 0, 10, 10});
     context.fillRoundedRect({40, 0, 20, 20}, 8);
+    context.fillRoundedRect({100, 0, -20, 20}, 8);
     EXPECT_EQ(image.pixel(5, 5), qRgb(0, 255, 0));
     EXPECT_EQ(image.pixel(25, 5), qRgb(255, 0, 0));
     EXPECT_EQ(image.pixel(50, 10), qRgb(255, 0, 0));
     EXPECT_EQ(qAlpha(image.pixel(40, 0)), 0);
     EXPECT_EQ(qAlpha(image.pixel(30, 5)), 0);
+    EXPECT_EQ(image.copy(80, 0, 20, 20), image.copy(40, 0, 20, 20));
 }
 
 TEST_F(QtDrawContextTest, WritesTextFromTheTopLeftCorner) {
