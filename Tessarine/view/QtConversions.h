@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Tessarine/base/Color.h"
+#include "Tessarine/base/Rect.h"
+
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+#include <QtGui/QColor>
+
+#include <string_view>
+
+// The engine's plain values as the toolkit has them. A point is a device-independent pixel.
+namespace tessarine {
+
+inline QRectF toQt(const Rect& rect) {
+    return {rect.x, rect.y, rect.width, rect.height};
+}
+
+inline QPointF toQt(const Point& point) {
+    return {point.x, point.y};
+}
+
+inline QColor toQt(const RGBAColor& color) {
+    return QColor::fromRgbF(static_cast<float>(color.red) / 255, static_cast<float>(color.green) / 255,
+                            static_cast<float>(color.blue) / 255, color.alpha);
+}
+
+// A copy.
+inline QString toQt(std::u16string_view text) {
+    return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace tessarine

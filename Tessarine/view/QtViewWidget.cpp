@@ -1,0 +1,55 @@
+#include "Tessarine/view/QtViewWidget.h"
+
+#include "Tessarine/view/QtViewHost.h"
+#include "Tessarine/view/ViewPainter.h"
+
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+
+#include <utility>
+
+namespace tessarine {
+
+QtViewWidget::QtViewWidget(QWidget* parent)
+    : QWidget(parent)
+    , m_host(std::make_shared<QtViewHost>(*this)) {}
+
+QtViewWidget::~QtViewWidget() {
+    setRootView(nullptr);
+}
+
+void QtViewWidget::setRootView(std::shared_ptr<View> root) {
+    if (m_root) m_root->setHost({});
+    m_root = std::move(root);
+    m_pictures.clear();
+    if (m_root) m_root->setHost(m_host);
+    fitRootView();
+    update();
+}
+
+void QtViewWidget::setUserInterfaceStyle(UserInterfaceStyle style) {
+    if (std::exchange(m_style, style) == style) return;
+    m_pictures.clear();
+    update();
+}
+
+// Views find their places before anything is painted, and what they move meanwhile is part of it.
+void QtViewWidget::paintEvent(QPaintEvent* event) {
+    if (!m_root) return;
+    m_host->setPaintedRegion(event->region());
+    m_root->layoutIfNeeded();
+    QPainter painter(this);
+    ViewPainter(painter, event->region(), m_pictures, m_style).paint(*m_root);
+    m_host->setPaintedRegion({});
+}
+
+void QtViewWidget::resizeEvent(QResizeEvent* /*event*/) {
+    fitRootView();
+}
+
+void QtViewWidget::fitRootView() {
+    if (m_root)
+        m_root->setFrame({.width = static_cast<double>(width()), .height = static_cast<double>(height())});
+}
+
+} // namespace tessarine

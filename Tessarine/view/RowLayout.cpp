@@ -1,0 +1,73 @@
+#include "Tessarine/view/RowLayout.h"
+
+#include "Tessarine/view/QtConversions.h"
+
+#include <cmath>
+
+namespace tessarine {
+
+namespace {
+
+constexpr double unlimitedWidth = 1e6; // the toolkit's numbers end at some ten times that
+
+std::vector<QColor> colorsOf(const RowText& row, UserInterfaceStyle style) {
+    std::vector<QColor> colors;
+    for (const RowText::Run& run : row.runs)
+        colors.push_back(toQt(run.style->color.resolved(style)));
+    return colors;
+}
+
+QTextOption optionOf(const RowText& row) {
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setTextDirection(row.isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setFlags(QTextOption::IncludeTrailingSpaces);
+    option.setTabStopDistance(row.tabInterval);
+    return option;
+}
+
+QList<QTextLayout::FormatRange> formatsOf(const RowText& row, const std::vector<QColor>& colors) {
+    QList<QTextLayout::FormatRange> formats;
+    int start = 0;
+    for (std::size_t i = 0; i < row.runs.size(); ++i) {
+        const RowText::Run& run = row.runs[i];
+        QTextCharFormat format;
+        format.setFont(run.style->face);
+        format.setForeground(colors[i]);
+        formats.push_back({start, run.length, format});
+        start += run.length;
+    }
+    return formats;
+}
+
+} // namespace
+
+RowLayout::RowLayout(const RowText& row, const std::vector<QColor>& colors)
+    : m_layout(row.text, row.runs.front().style->face) {
+    m_layout.setCacheEnabled(true);
+    m_layout.setTextOption(optionOf(row));
+    m_layout.setFormats(formatsOf(row, colors));
+    m_layout.beginLayout();
+    m_line = m_layout.createLine();
+    m_line.setLineWidth(unlimitedWidth);
+    m_line.setPosition({0, 0});
+    m_layout.endLayout();
+}
+
+RowLayout::RowLayout(const RowText& row, UserInterfaceStyle style)
+    : RowLayout(row, colorsOf(row, style)) {}
+
+// Where a character has several units the toolkit may miss it by one.
+int RowLayout::nearestBoundary(double x) const {
+    int nearest = m_line.xToCursor(x);
+    const auto distance = [&](int position) { return std::abs(m_line.cursorToX(position) - x); };
+    for (const int other : {m_layout.previousCursorPosition(nearest), m_layout.nextCursorPosition(nearest)})
+        if (distance(other) < distance(nearest)) nearest = other;
+    return nearest;
+}
+
+void RowLayout::draw(QPainter& painter, const QPointF& baseline) const {
+    m_layout.draw(&painter, baseline - QPointF(0, m_line.ascent()));
+}
+
+} // namespace tessarine

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Tessarine/base/TextAttributes.h"
+
+#include <QtGui/QFont>
+
+namespace tessarine {
+
+// What of a run's attributes the toolkit needs, looked up once. Where they say nothing it is the host's own
+// font, and black or white.
+struct RowStyle {
+    explicit RowStyle(const TextAttributes& attributes);
+
+    // Whether they look the same as those it was made of.
+    bool isOf(const TextAttributes& attributes) const;
+
+    const std::optional<Color> foregroundColor;
+    const std::optional<Font> font;
+    const std::optional<double> kern;
+    const std::optional<Shadow> shadow;
+
+    const QFont face; // with the kern
+    const Color color;
+};
+
+} // namespace tessarine

@@ -1,0 +1,48 @@
+#include "Tessarine/view/RowText.h"
+
+#include "Tessarine/view/QtConversions.h"
+
+#include <algorithm>
+
+namespace tessarine {
+
+namespace {
+
+constexpr double defaultTabInterval = 40;
+
+// A line break takes no room, but of all of them the toolkit knows that of CR and LF only. And it would look
+// for an object that nobody has.
+QChar shown(QChar unit) {
+    if (unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator || unit == u'\u0085') return u'\n';
+    return unit == QChar::ObjectReplacementCharacter ? QChar(QChar::ReplacementCharacter) : unit;
+}
+
+} // namespace
+
+RowText RowText::of(const AttributedString& string, const TextRange& range, RowStyles& styles) {
+    RowText row;
+    row.text = toQt(string.substring(range));
+    std::ranges::transform(row.text, row.text.begin(), shown);
+    for (const auto& run : string.runs(range)) {
+        if (row.runs.empty())
+            row.tabInterval = run.attributes.defaultTabInterval.value_or(defaultTabInterval);
+        auto style = styles.styleOf(run.attributes);
+        if (row.runs.empty() || row.runs.back().style != style) row.runs.push_back({0, std::move(style)});
+        row.runs.back().length += static_cast<int>(run.range.length);
+    }
+    return row;
+}
+
+RowText RowText::prefix(int length) const {
+    RowText shorter = *this;
+    shorter.text.truncate(length);
+    shorter.runs.clear();
+    for (const Run& run : runs) {
+        if (length <= 0) break;
+        shorter.runs.push_back({std::min(length, run.length), run.style});
+        length -= run.length;
+    }
+    return shorter;
+}
+
+} // namespace tessarine

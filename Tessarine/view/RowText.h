@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Tessarine/document/AttributedString.h"
+#include "Tessarine/view/RowStyles.h"
+
+#include <QtCore/QString>
+
+#include <vector>
+
+namespace tessarine {
+
+// What there is to be seen of a stretch of a string: enough to lay it out at any time, and small.
+struct RowText {
+    struct Run {
+        int length = 0;
+        std::shared_ptr<const RowStyle> style;
+    };
+
+    // Unit for unit that of the string, but for what the toolkit does not show as text.
+    QString text;
+    std::vector<Run> runs; // cover the text
+    double tabInterval = 0;
+    bool isRightToLeft = false;
+
+    static RowText of(const AttributedString& string, const TextRange& range, RowStyles& styles);
+
+    RowText prefix(int length) const;
+};
+
+} // namespace tessarine
