@@ -16,8 +16,12 @@ const std::u16string& StringView::string() const {
 }
 
 void StringView::setInternalString(std::u16string_view text) {
-    if (m_internalString.text() == text) return;
-    m_internalString = TextStore(text);
+    if (m_internalString.text() != text) setInternalString(TextStore(text));
+}
+
+void StringView::setInternalString(TextStore text) {
+    if (m_internalString.text() == text.text()) return;
+    m_internalString = std::move(text);
     m_cursor = TextCursor(m_internalString.text());
     m_swiftString.reset();
 }

@@ -48,6 +48,7 @@ public:
 
     // Replaces the whole text. An equal text keeps what string() has converted.
     void setInternalString(std::u16string_view text);
+    void setInternalString(TextStore text);
 
     // `text` must not point into this text; string() is a copy, so a view of it may be given.
     void replaceCharacters(std::int64_t location, std::int64_t length, std::u16string_view text);

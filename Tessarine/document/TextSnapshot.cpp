@@ -4,6 +4,8 @@
 #include "Tessarine/document/TextBranch.h"
 #include "Tessarine/document/TextChunk.h"
 
+#include <algorithm>
+
 namespace tessarine {
 
 namespace {
@@ -56,6 +58,21 @@ bool TextSnapshot::equals(std::u16string_view text) const {
         const std::span other(text.substr(static_cast<std::size_t>(run.location())));
         if (!run.visit([other](auto units) { return equalUnits(units, other.first(units.size())); }))
             return false;
+    }
+    return true;
+}
+
+bool TextSnapshot::equals(const TextSnapshot& other) const {
+    if (m_root.get() == other.m_root.get()) return true;
+    if (length() != other.length()) return false;
+    for (const TextRun& run : runs()) {
+        for (const TextRun& otherRun : other.runs(run.location(), run.size())) {
+            const TextRun part = run.clipped(otherRun.location(), otherRun.limit());
+            const bool isEqual = part.visit([&otherRun](auto units) {
+                return otherRun.visit([units](auto others) { return std::ranges::equal(units, others); });
+            });
+            if (!isEqual) return false;
+        }
     }
     return true;
 }

@@ -43,6 +43,9 @@ public:
         return snapshot.equals(text);
     }
 
+    // O(1) for a text and its copy.
+    friend bool operator==(const TextSnapshot& a, const TextSnapshot& b) { return a.equals(b); }
+
     // Bytes of the tree, parts that others share included. O(n / chunk).
     std::size_t memory() const;
 
@@ -53,6 +56,7 @@ private:
         : m_root(std::move(root)) {}
 
     bool equals(std::u16string_view text) const;
+    bool equals(const TextSnapshot& other) const;
 
     TextNodeRef m_root;
 };

@@ -19,6 +19,10 @@ class TextStore {
 public:
     explicit TextStore(std::u16string_view text = {}, TextStoreLimits limits = {});
 
+    // Shares its parts with the snapshot, which must be of a store with the usual limits. O(1).
+    explicit TextStore(const TextSnapshot& text)
+        : TextStore(text.m_root, TextStoreLimits()) {}
+
     // What the text is now, to read until the next change.
     const TextSnapshot& text() const { return m_text; }
 
