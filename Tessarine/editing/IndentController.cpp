@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <vector>
 
 namespace tessarine {
 
@@ -60,26 +61,29 @@ void IndentController::insertLineBreak(TextRange range, LineEnding lineEndings) 
 
 std::int64_t IndentController::startOfLineContent(const DocumentLineNode& line) const {
     std::int64_t at = line.location();
-    const std::int64_t limit = at + line.data().length();
+    const std::int64_t limit = std::min(at + line.data().length(), m_document.stringView->length());
     while (at < limit && isBlank(m_document.stringView->characterAt(at)))
         ++at;
     return at;
 }
 
-// Kept alive, as whoever hears of the edits of the first may take out a later one.
-std::vector<DocumentLineNodeReference> IndentController::linesInRange(TextRange range) const {
+// Whoever hears of the edits may take later lines out of the document, or put another one in.
+template <class Work>
+void IndentController::forEachLine(TextRange range, Work work) {
+    const auto lineManager = m_document.lineManager;
     std::vector<DocumentLineNodeReference> lines;
-    for (DocumentLineNode* line : m_document.lineManager->linesInRange(range.location, range.length))
+    for (DocumentLineNode* line : lineManager->linesInRange(range.location, range.length))
         lines.emplace_back(line);
-    return lines;
+    for (std::size_t i = 0; i < lines.size() && lineManager == m_document.lineManager; ++i)
+        work(*lines[i], i == 0);
 }
 
 void IndentController::shiftRight(TextRange range) {
     TextRange selection = range;
-    const auto lines = linesInRange(range);
-    for (const DocumentLineNodeReference& line : lines)
-        (line == lines.front() ? selection.location : selection.length) += indent(*line);
-    if (!lines.empty()) select(selection);
+    forEachLine(range, [&](const DocumentLineNode& line, bool isFirst) {
+        (isFirst ? selection.location : selection.length) += indent(line);
+    });
+    select(selection);
 }
 
 std::int64_t IndentController::indent(const DocumentLineNode& line) {
@@ -90,20 +94,18 @@ std::int64_t IndentController::indent(const DocumentLineNode& line) {
 
 void IndentController::shiftLeft(TextRange range) {
     TextRange selection = range;
-    const auto lines = linesInRange(range);
-    for (const DocumentLineNodeReference& line : lines) {
-        const std::int64_t lineStart = line->location();
-        const std::int64_t delta = unindent(*line);
-        if (line != lines.front()) {
+    forEachLine(range, [&](const DocumentLineNode& line, bool isFirst) {
+        const std::int64_t lineStart = line.location();
+        const std::int64_t delta = unindent(line);
+        if (isFirst) {
+            const std::int64_t location = selection.location + delta;
+            selection.location = std::max(location, lineStart);
+            selection.length -= selection.location - location;
+        } else {
             selection.length += delta;
-            continue;
         }
-        const std::int64_t location = selection.location + delta;
-        selection.location = std::max(location, lineStart);
-        selection.length -= selection.location - location;
-    }
-    selection.length = std::max<std::int64_t>(selection.length, 0);
-    if (!lines.empty()) select(selection);
+    });
+    select({selection.location, std::max<std::int64_t>(selection.length, 0)});
 }
 
 // 0, or less.
@@ -111,7 +113,7 @@ std::int64_t IndentController::unindent(const DocumentLineNode& line) {
     const std::u16string unit = m_indentStrategy.string(1);
     const TextRange range{line.location(), std::ssize(unit)};
     const std::int64_t oldLength = line.value();
-    if (line.data().length() < range.length ||
+    if (line.data().length() < range.length || range.limit() > m_document.stringView->length() ||
         m_document.stringView->substring(range.location, range.length) != unit)
         return 0;
     replaceText(range, u"");

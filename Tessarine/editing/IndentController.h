@@ -54,7 +54,8 @@ public:
     std::int64_t startOfLineContent(const DocumentLineNode& line) const;
 
 private:
-    std::vector<DocumentLineNodeReference> linesInRange(TextRange range) const;
+    template <class Work>
+    void forEachLine(TextRange range, Work work);
     std::int64_t indent(const DocumentLineNode& line);
     std::int64_t unindent(const DocumentLineNode& line);
     bool hasBlanksOnly(TextRange range) const;

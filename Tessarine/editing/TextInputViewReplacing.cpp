@@ -112,11 +112,11 @@ void TextInputView::setString(TextStore text) {
 
 void TextInputView::replaceText(const BatchReplaceSet& replacements) {
     if (replacements.replacements.empty()) return;
-    const std::int64_t caret = m_selectedRange ? m_selectedRange->location : 0;
-    const LinePosition position = m_document.lineManager->linePosition(caret).value_or(LinePosition());
+    const auto caret =
+        m_selectedRange ? m_document.lineManager->linePosition(m_selectedRange->location) : std::nullopt;
     TextEditHelper helper(*m_document.stringView, *m_document.lineManager, m_lineEndings);
     setStringWithUndoAction(helper.applyBatchReplacements(replacements));
-    setSelectedRange(TextRange{locationNear(position), 0});
+    if (caret) setSelectedRange(TextRange{locationNear(*caret), 0});
 }
 
 // In the same row as far as there is one, and not behind what the line holds.

@@ -63,7 +63,8 @@ TreeSitterInternalLanguageMode::TreeSitterInternalLanguageMode(const TreeSitterL
     , m_parser(preferredUTF16Encoding)
     , m_layers(std::make_shared<const TreeSitterLanguageLayer>(m_language))
     , m_mainExecutor(std::move(mainExecutor))
-    , m_operationQueue("TreeSitterLanguageMode") {}
+    , m_operationQueue("TreeSitterLanguageMode")
+    , m_highlightQueue("TreeSitterHighlights") {}
 
 void TreeSitterInternalLanguageMode::parse(const TextSnapshot& text) {
     forgetLayers();
@@ -125,6 +126,7 @@ bool TreeSitterInternalLanguageMode::reparse(const ParseLimit& limit, LineChange
 // A parse that is done and waits to be installed is not the queue's any more.
 void TreeSitterInternalLanguageMode::cancelBackgroundWork() {
     m_operationQueue.cancelAllOperations();
+    m_highlightQueue.cancelAllOperations();
     if (m_backgroundParse) m_backgroundParse->operation->cancel();
 }
 

@@ -72,8 +72,10 @@ public:
     // Whether a parse is still to be installed.
     bool hasBackgroundParse() const { return m_backgroundParse.has_value(); }
 
-    // For work on the document in the background, and the way back from there.
-    OperationQueue& operationQueue() { return m_operationQueue; }
+    const OperationQueue& operationQueue() const { return m_operationQueue; }
+
+    // The highlighters', and their way back from there. Parses have another, so that no line waits for them.
+    OperationQueue& highlightQueue() { return m_highlightQueue; }
 
     const std::shared_ptr<MainExecutor>& mainExecutor() const { return m_mainExecutor; }
 
@@ -119,7 +121,8 @@ private:
     int m_restarts = 0;
     bool m_lastReparseWasInBudget = true;
     const std::shared_ptr<MainExecutor> m_mainExecutor;
-    OperationQueue m_operationQueue; // last: its work ends before the rest
+    OperationQueue m_operationQueue; // these two last: their work ends before the rest
+    OperationQueue m_highlightQueue;
 };
 
 } // namespace tessarine

@@ -3,6 +3,7 @@
 #include "Tessarine/syntax/EditedRange.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tessarine {
@@ -135,10 +136,11 @@ std::optional<Layer::Children> TreeSitterLayerParser::updateChildLayersNear(Byte
         else
             kept.push_back({child.layer, range});
     }
-    const auto elsewhere = std::ranges::stable_partition(
-        found.injections, [&](const auto& injection) { return touches(doubtful, injection.textRange); });
+    const auto liesElsewhere = [&](const auto& injection) { return !touches(doubtful, injection.textRange); };
+    std::vector<TreeSitterInjectedLanguage> elsewhere;
+    std::ranges::copy_if(found.injections, std::back_inserter(elsewhere), liesElsewhere);
     if (!found.areIndependent || !areKept(elsewhere, kept)) return std::nullopt;
-    found.injections.erase(elsewhere.begin(), elsewhere.end());
+    std::erase_if(found.injections, liesElsewhere);
 
     const int depth = reparse.place.depth;
     Layer::Children children = childLayers(std::move(found), matcher, depth);

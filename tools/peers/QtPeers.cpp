@@ -3,13 +3,12 @@
 
 #include "Tessarine/document/bench/Samples.h"
 #include "Tessarine/document/bench/Workload.h"
+#include "tools/peers/PeerMain.h"
+#include "tools/peers/ScintillaText.h"
 
-#include <Qsci/qsciscintillabase.h>
-#include <QtCore/QFile>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
-#include <QtWidgets/QApplication>
 
 #include <cstdio>
 #include <memory>
@@ -56,44 +55,32 @@ private:
 
 class ScintillaPeer {
 public:
-    explicit ScintillaPeer(const QByteArray& bytes) {
-        send(QsciScintillaBase::SCI_SETCODEPAGE, QsciScintillaBase::SC_CP_UTF8);
-        send(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 0);
-        send(QsciScintillaBase::SCI_ALLOCATE, static_cast<unsigned long>(bytes.size()) + 1000);
-        m_editor.SendScintilla(QsciScintillaBase::SCI_ADDTEXT, static_cast<unsigned long>(bytes.size()),
-                               bytes.constData());
-        send(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 1);
-        // Without it each edit counts the text's characters for accessibility, which takes 100 ms.
-        send(QsciScintillaBase::SCI_SETMODEVENTMASK, 0);
-    }
+    explicit ScintillaPeer(const QByteArray& bytes)
+        : m_text(bytes) {}
 
-    qint64 length() const { return send(QsciScintillaBase::SCI_GETLENGTH); }
+    qint64 length() const { return m_text.length(); }
 
-    qint64 lineCount() const { return send(QsciScintillaBase::SCI_GETLINECOUNT); }
+    qint64 lineCount() const { return m_text.send(QsciScintillaBase::SCI_GETLINECOUNT); }
 
     qint64 lineOf(qint64 location) const {
-        return send(QsciScintillaBase::SCI_LINEFROMPOSITION, static_cast<unsigned long>(location));
+        return m_text.send(QsciScintillaBase::SCI_LINEFROMPOSITION, static_cast<unsigned long>(location));
     }
 
     qint64 locationOf(qint64 line) const {
-        return send(QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
+        return m_text.send(QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line));
     }
 
     void insert(qint64 location, char character) {
         const char text[] = {character, 0};
-        m_editor.SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, static_cast<unsigned long>(location), text);
+        m_text.send(QsciScintillaBase::SCI_INSERTTEXT, static_cast<unsigned long>(location), text);
     }
 
     void remove(qint64 location) {
-        send(QsciScintillaBase::SCI_DELETERANGE, static_cast<unsigned long>(location), 1);
+        m_text.send(QsciScintillaBase::SCI_DELETERANGE, static_cast<unsigned long>(location), 1);
     }
 
 private:
-    long send(unsigned message, unsigned long first = 0, long second = 0) const {
-        return m_editor.SendScintilla(message, first, second);
-    }
-
-    QsciScintillaBase m_editor;
+    ScintillaText m_text;
 };
 
 template <class Peer>
@@ -114,16 +101,8 @@ void run(const QByteArray& bytes, int loads, int edits) {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
-    QFile file(arguments.value(2));
-    if (!file.open(QIODevice::ReadOnly)) return 1;
-    const QByteArray bytes = file.readAll();
     // Fewer rounds for the slow ones: what they measure is milliseconds apart from ours all the same.
-    if (arguments.value(1) == QLatin1String("qscintilla"))
-        run<ScintillaPeer>(bytes, 5, 2'000);
-    else
-        run<TextDocumentPeer>(bytes, 2, 10'000);
-    return 0;
+    return runPeer(
+        argc, argv, [](const QByteArray& bytes) { run<ScintillaPeer>(bytes, 5, 2'000); },
+        [](const QByteArray& bytes) { run<TextDocumentPeer>(bytes, 2, 10'000); });
 }

@@ -7,26 +7,17 @@
 #include "Tessarine/document/LineManager.h"
 #include "Tessarine/document/StringView.h"
 #include "Tessarine/document/TextDecoder.h"
+#include "Tessarine/document/bench/PeerTable.h"
+#include "Tessarine/document/bench/SourceText.h"
 #include "Tessarine/document/bench/Workload.h"
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <map>
-#include <random>
+#include <memory>
 #include <string>
-#include <unistd.h>
 
 using namespace tessarine;
 
 namespace {
-
-struct Figure {
-    double median = 0;
-    double p99 = 0;
-};
-
-using Figures = std::map<std::string, Figure>;
 
 // Text and lines as the engine keeps them.
 class Document {
@@ -67,22 +58,6 @@ private:
     LineManager m_lineManager;
 };
 
-std::string sourceText(int lines) {
-    std::mt19937 random(1);
-    std::string text;
-    for (int line = 1; line < lines; ++line) {
-        const std::string number = std::to_string(random() % 100'000);
-        text.append(4 * (random() % 4), ' ');
-        if (line % 12 == 0)
-            text += "static int function" + number + "(const char *name, size_t length) {\n";
-        else if (line % 12 == 11)
-            text += "}\n";
-        else
-            text += "if (value[" + number + "] != 0x" + number + ") total += name[" + number + "];\n";
-    }
-    return text;
-}
-
 Figures measureOurs(const std::string& text) {
     Figures figures;
     const auto keep = [&](const std::string& key, Samples& samples, double divisor) {
@@ -111,33 +86,6 @@ Figures measureOurs(const std::string& text) {
     return figures;
 }
 
-Figures measurePeer(const std::string& command, const std::string& path) {
-    Figures figures;
-    FILE* output = popen((command + " '" + path + "'").c_str(), "r");
-    if (!output) return figures;
-    char key[64];
-    Figure figure;
-    while (std::fscanf(output, " %63[^|]|%lf|%lf", key, &figure.median, &figure.p99) == 3)
-        figures[key] = figure;
-    pclose(output);
-    return figures;
-}
-
-void printRow(const char* what, const std::string& key,
-              const std::vector<std::pair<std::string, Figures>>& all) {
-    std::printf("%-42s", what);
-    const double ours = all.front().second.at(key).median;
-    for (const auto& [name, figures] : all) {
-        const auto found = figures.find(key);
-        if (found == figures.end())
-            std::printf(" %31s", "-");
-        else
-            std::printf(" %11.3f %11.3f %7.2f", found->second.median, found->second.p99,
-                        found->second.median / ours);
-    }
-    std::printf("\n");
-}
-
 // How the time of an edit grows with the document.
 void printGrowth() {
     std::printf(
@@ -157,34 +105,24 @@ void printGrowth() {
 } // namespace
 
 int main(int argc, char** argv) {
-    const auto path =
-        std::filesystem::temp_directory_path() / ("document-bench-" + std::to_string(getpid()) + ".c");
-    {
-        const std::string text = sourceText(1'000'000);
-        FILE* file = std::fopen(path.c_str(), "wb");
-        if (!file || std::fwrite(text.data(), 1, text.size(), file) != text.size()) return 1;
-        std::fclose(file);
-        std::printf("1,000,000 lines, %zu bytes. Columns: median, p99, median against ours\n", text.size());
-    }
-    std::vector<std::pair<std::string, Figures>> all;
-    all.emplace_back("Tessarine", measureOurs(sourceText(1'000'000)));
+    const std::string text = sourceText(1'000'000);
+    const SharedFile file(text);
+    if (!file.isWritten()) return 1;
+    std::printf("1,000,000 lines, %zu bytes. Columns: median, p99, median against ours\n", text.size());
+    PeerTable table(measureOurs(text));
     for (int i = 1; i + 1 < argc; i += 2)
-        all.emplace_back(argv[i], measurePeer(argv[i + 1], path.string()));
-    std::filesystem::remove(path);
+        table.add(argv[i], measurePeer(argv[i + 1], file.path()));
 
-    std::printf("%-42s", "");
-    for (const auto& [name, figures] : all)
-        std::printf(" %31s", name.c_str());
-    std::printf("\n");
-    printRow("load from UTF-8 in memory, ms", "load", all);
-    printRow("random edit, ns", "randomEdit", all);
-    printRow("keystroke at one place, ns", "keystroke", all);
-    printRow("row of a location, ns", "lineOfLocation", all);
-    printRow("location of a row, ns", "locationOfLine", all);
-    printRow("line at a y offset, ns", "lineAtHeight", all);
-    printRow("resident bytes a character, all in all", "memory", all);
-    printRow("  of them text, bytes a character", "textMemory", all);
-    printRow("  of them lines, bytes a line", "lineMemory", all);
+    table.printHead();
+    table.printRow("load from UTF-8 in memory, ms", "load");
+    table.printRow("random edit, ns", "randomEdit");
+    table.printRow("keystroke at one place, ns", "keystroke");
+    table.printRow("row of a location, ns", "lineOfLocation");
+    table.printRow("location of a row, ns", "locationOfLine");
+    table.printRow("line at a y offset, ns", "lineAtHeight");
+    table.printRow("resident bytes a character, all in all", "memory");
+    table.printRow("  of them text, bytes a character", "textMemory");
+    table.printRow("  of them lines, bytes a line", "lineMemory");
     printGrowth();
     return 0;
 }

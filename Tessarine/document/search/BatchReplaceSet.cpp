@@ -10,6 +10,15 @@ namespace tessarine {
 
 namespace {
 
+// By location, those of the same one as they come.
+std::vector<const Replacement*> inOrder(const std::vector<Replacement>& replacements) {
+    std::vector<const Replacement*> order;
+    for (const Replacement& replacement : replacements)
+        order.push_back(&replacement);
+    std::ranges::sort(order, {}, [](const Replacement* r) { return std::pair(r->range.location, r); });
+    return order;
+}
+
 // Requires the insertion at the start of the replaced range or behind, and in front of its end.
 void insertInside(Replacement& replaced, const Replacement& insertion) {
     const std::int64_t size = std::ssize(replaced.text);
@@ -36,16 +45,14 @@ void append(const TextRuns& runs, TextStoreBuilder& builder) {
 } // namespace
 
 BatchReplaceSet BatchReplaceSet::resolved() const {
-    BatchReplaceSet sorted = *this;
-    std::ranges::stable_sort(sorted.replacements, {}, [](const Replacement& r) { return r.range.location; });
     BatchReplaceSet kept;
-    for (Replacement& replacement : sorted.replacements) {
-        const bool isInside =
-            !kept.replacements.empty() && replacement.range.location < kept.replacements.back().range.limit();
+    for (const Replacement* replacement : inOrder(replacements)) {
+        const bool isInside = !kept.replacements.empty() &&
+                              replacement->range.location < kept.replacements.back().range.limit();
         if (!isInside)
-            kept.replacements.push_back(std::move(replacement));
-        else if (replacement.range.length == 0)
-            insertInside(kept.replacements.back(), replacement);
+            kept.replacements.push_back(*replacement);
+        else if (replacement->range.length == 0)
+            insertInside(kept.replacements.back(), *replacement);
     }
     return kept;
 }

@@ -96,6 +96,26 @@ TEST(IndentControllerTest, OnlyWholeUnitsAreShiftedLeft) {
     EXPECT_EQ(code.marked(), u"    o|ne\n  two\n\tthree\n        fo|ur");
 }
 
+TEST(IndentControllerTest, WhoHearsOfAShiftMayTakeLinesOut) {
+    for (const bool shiftsLeft : {false, true})
+        for (const bool exchangesDocument : {false, true}) {
+            Code code(u"    o|ne\n    two\n    th|ree");
+            code.delegate->onChange = [&] {
+                if (exchangesDocument)
+                    code.view->setState(
+                        TextViewState(TextStore(u"x"), std::make_shared<DefaultTheme>(), *code.measurer));
+                else
+                    code.view->replace({2, 100}, u"");
+            };
+            shiftsLeft ? code.view->shiftLeft() : code.view->shiftRight();
+            EXPECT_EQ(lineFault(code.view->document()), std::nullopt);
+            EXPECT_LE(code.view->selectedRange()->limit(), std::ssize(code.text()));
+            if (exchangesDocument) {
+                EXPECT_EQ(code.text(), u"x");
+            }
+        }
+}
+
 TEST(IndentControllerTest, ASelectionWithinTheRemovedIndentBeginsAtTheLine) {
     for (const auto& [before, after] : std::initializer_list<std::pair<const char16_t*, const char16_t*>>{
              {u"a\n |   one t|wo", u"a\n|one t|wo"},

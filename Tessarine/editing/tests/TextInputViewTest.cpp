@@ -1,4 +1,6 @@
 #include "Tessarine/editing/tests/EditedText.h"
+#include "Tessarine/syntax/tests/QueuedExecutor.h"
+#include "languages/grammars/Grammars.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -200,6 +202,9 @@ TEST(TextInputViewTest, ABatchKeepsTheCaretInItsRowAndColumn) {
     EXPECT_EQ(text.marked(), u"one\ntwo |three\n");
     text.view->replaceText({{{{3, 11}, u""}}});
     EXPECT_EQ(text.marked(), u"one|");
+    text.view->setSelectedRange(std::nullopt);
+    text.view->replaceText({{{{0, 1}, u""}}});
+    EXPECT_EQ(text.view->selectedRange(), std::nullopt);
 }
 
 TEST(TextInputViewTest, ANewStateEndsWhatCouldBeUndoneAndKeepsTheSelectionInTheText) {
@@ -238,6 +243,19 @@ TEST(TextInputViewTest, UndoAfterTheViewHasGoneDoesNothing) {
     text->backspace();
     text->view->shiftRight();
     EXPECT_EQ(text->text(), u"\ta");
+}
+
+TEST(TextInputViewTest, LinesThatABackgroundParseChangedAreTypesetAnew) {
+    TreeSitterLanguageMode mode(std::make_shared<const TreeSitterLanguage>(languages::grammarNamed("JSON")));
+    mode.setReparseBudget(std::chrono::nanoseconds(0));
+    const auto executor = std::make_shared<QueuedExecutor>();
+    EditedText text(u"[1,\n2|]", &mode, executor);
+    text.view->insertText(u"3");
+    text.calls.clear();
+    executor->runNext();
+    EXPECT_THAT(text.calls, ElementsAre("typeset 1", "needs layout"));
+    EXPECT_EQ(text.view->treeSitterLanguageMode(14), std::nullopt);
+    EXPECT_EQ(text.view->treeSitterLanguageMode(10)->length, 4);
 }
 
 TEST(TextViewStateTest, KnowsWhatTheTextIsWrittenWith) {

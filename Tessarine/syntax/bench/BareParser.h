@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Tessarine/syntax/LanguageModeTextChange.h"
 #include "Tessarine/syntax/PreferredUtf16Encoding.h"
+#include "Tessarine/syntax/TreeSitterTextPoint.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -8,6 +10,19 @@
 #include <tree_sitter/api.h>
 
 namespace tessarine {
+
+// An edit as the library takes it.
+inline TSInputEdit rawEdit(const LanguageModeTextChange& change) {
+    const auto byte = [](ByteCount count) { return static_cast<std::uint32_t>(count.value()); };
+    const auto point = [](const LinePosition& position) { return TreeSitterTextPoint(position).rawValue(); };
+    const ByteCount start = change.byteRange.location;
+    return {byte(start),
+            byte(start + change.byteRange.length),
+            byte(start + change.newByteCount),
+            point(change.startLinePosition),
+            point(change.oldEndLinePosition),
+            point(change.newEndLinePosition)};
+}
 
 // The library by itself, on a text in one piece.
 class BareParser {

@@ -1,7 +1,7 @@
 // What syntax costs beside the bare parsing library, which gets the same texts and edits in the same run:
 // whole parses, keystrokes, the captures and the highlight of a line, memory.
 
-#include "Tessarine/document/bench/Samples.h"
+#include "Tessarine/document/bench/BenchRow.h"
 #include "Tessarine/document/bench/Workload.h"
 #include "Tessarine/syntax/bench/BareParser.h"
 #include "Tessarine/syntax/bench/BenchDocument.h"
@@ -19,30 +19,9 @@ namespace {
 
 using Budget = std::optional<std::chrono::steady_clock::duration>;
 
-constexpr double milliseconds = 1e6;
-constexpr double microseconds = 1e3;
-
-void printRow(const std::string& name, Samples& samples, double unit, const char* unitName) {
-    std::printf("%-58s %10.3f %10.3f  %s\n", name.c_str(), samples.median() / unit, samples.p99() / unit,
-                unitName);
-    std::fflush(stdout);
-}
-
 double allocated() {
     const auto info = mallinfo2();
     return static_cast<double>(info.uordblks + info.hblkhd);
-}
-
-TSInputEdit rawEdit(const LanguageModeTextChange& change) {
-    const auto byte = [](ByteCount count) { return static_cast<std::uint32_t>(count.value()); };
-    const auto point = [](const LinePosition& position) { return TreeSitterTextPoint(position).rawValue(); };
-    const ByteCount start = change.byteRange.location;
-    return {byte(start),
-            byte(start + change.byteRange.length),
-            byte(start + change.newByteCount),
-            point(change.startLinePosition),
-            point(change.oldEndLinePosition),
-            point(change.newEndLinePosition)};
 }
 
 // Within a name behind the place, so that the text stays what its language allows.

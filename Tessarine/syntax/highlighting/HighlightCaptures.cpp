@@ -7,9 +7,10 @@ namespace tessarine {
 
 namespace {
 
-bool takesEffectBefore(const TreeSitterCapture& a, const TreeSitterCapture& b) {
-    return std::tuple(a.byteRange().location, b.byteRange().length, a.nameComponentCount()) <
-           std::tuple(b.byteRange().location, a.byteRange().length, b.nameComponentCount());
+// Among equals the one that stands first in memory does.
+bool takesEffectBefore(const TreeSitterCapture* a, const TreeSitterCapture* b) {
+    return std::tuple(a->byteRange().location, b->byteRange().length, a->nameComponentCount(), a) <
+           std::tuple(b->byteRange().location, a->byteRange().length, b->nameComponentCount(), b);
 }
 
 } // namespace
@@ -17,12 +18,16 @@ bool takesEffectBefore(const TreeSitterCapture& a, const TreeSitterCapture& b) {
 std::vector<HighlightCapture> highlightCaptures(TreeSitterLanguageLayers& layers, const ByteRange& range,
                                                 const TextSnapshot& text, const ParseLimit& limit) {
     if (range.length == 0) return {};
-    auto captures = layers.captures(range, text, limit);
-    std::ranges::stable_sort(captures, takesEffectBefore);
+    const auto captures = layers.captures(range, text, limit);
+    std::vector<const TreeSitterCapture*> order;
+    order.reserve(captures.size());
+    for (const TreeSitterCapture& capture : captures)
+        order.push_back(&capture);
+    std::ranges::sort(order, takesEffectBefore);
     std::vector<HighlightCapture> sorted;
     sorted.reserve(captures.size());
-    for (const TreeSitterCapture& capture : captures)
-        sorted.push_back({.byteRange = capture.byteRange(), .name = std::string(capture.name())});
+    for (const TreeSitterCapture* capture : order)
+        sorted.push_back({.byteRange = capture->byteRange(), .name = std::string(capture->name())});
     return sorted;
 }
 

@@ -53,7 +53,7 @@ void TreeSitterSyntaxHighlighter::syntaxHighlight(LineSyntaxHighlighterInput inp
             completion({});
         });
     };
-    m_currentOperation = m_languageMode->operationQueue().add(std::move(work));
+    m_currentOperation = m_languageMode->highlightQueue().add(std::move(work));
 }
 
 void TreeSitterSyntaxHighlighter::cancel() {

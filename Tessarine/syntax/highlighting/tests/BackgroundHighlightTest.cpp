@@ -102,12 +102,45 @@ TEST(BackgroundHighlight, IsCancelledByAWholeParse) {
     HighlightedDocument document(u"int a; // b", "c");
     document.parse();
     Highlight highlight(document.inputOfAll());
-    Barrier barrier(document.mode->operationQueue());
+    Barrier barrier(document.mode->highlightQueue());
     highlight.ask(*document.highlighter);
     document.mode->parse(document.stringView->snapshot(), [](bool) {});
     barrier.open();
+    document.executor->waitFor(2);
     document.settle();
     EXPECT_TRUE(highlight.hasFailedWith(Error::Cancelled));
+}
+
+// Knows no language, and while it is held does not say so.
+class HeldProvider : public TreeSitterLanguageProvider {
+public:
+    std::shared_ptr<const TreeSitterLanguage> treeSitterLanguage(std::string_view /*name*/) const override {
+        m_isHeld.wait(true);
+        return nullptr;
+    }
+
+    void hold(bool isHeld) {
+        m_isHeld = isHeld;
+        m_isHeld.notify_one();
+    }
+
+private:
+    std::atomic<bool> m_isHeld = false;
+};
+
+TEST(BackgroundHighlight, DoesNotWaitForAParse) {
+    const auto provider = std::make_shared<HeldProvider>();
+    HighlightedDocument document(u"<script>a</script>", SampleLanguages::shared()->treeSitterLanguage("html"),
+                                 provider);
+    document.parse();
+    provider->hold(true);
+    document.mode->parse(document.stringView->snapshot(), [](bool) {});
+    Highlight highlight(document.inputOfAll());
+    highlight.ask(*document.highlighter);
+    document.executor->runNext();
+    EXPECT_TRUE(highlight.result && highlight.result->has_value());
+    provider->hold(false);
+    document.settle();
 }
 
 TEST(BackgroundHighlight, OutlivesItsHighlighter) {
@@ -117,7 +150,7 @@ TEST(BackgroundHighlight, OutlivesItsHighlighter) {
     searched.ask(*document.highlighter);
     document.executor->waitFor(1);
     Highlight waiting(document.inputOfAll());
-    Barrier barrier(document.mode->operationQueue());
+    Barrier barrier(document.mode->highlightQueue());
     waiting.ask(*document.highlighter);
     document.highlighter.reset();
     barrier.open();
