@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tessarine/base/AttributedString.h"
+#include "Tessarine/document/AttributedString.h"
 #include "Tessarine/document/ByteRange.h"
 #include "Tessarine/syntax/highlighting/HighlightCaptures.h"
 #include "Tessarine/theme/Theme.h"

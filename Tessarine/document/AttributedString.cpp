@@ -1,15 +1,58 @@
-#include "Tessarine/base/AttributedString.h"
+#include "Tessarine/document/AttributedString.h"
 
 #include "Tessarine/base/FatalError.h"
+#include "Tessarine/document/TextStore.h"
 
 #include <algorithm>
 #include <iterator>
 
 namespace tessarine {
 
-AttributedString::AttributedString(std::u16string text)
-    : m_string(std::move(text)) {
-    if (!m_string.empty()) m_runs.try_emplace(0);
+namespace {
+
+// Of two runs of the same size.
+std::int64_t commonPrefixLength(const TextRun& a, const TextRun& b) {
+    return a.visit([&](auto aUnits) {
+        return b.visit([&](auto bUnits) -> std::int64_t {
+            const void* const aMemory = aUnits.data();
+            if (aMemory == bUnits.data()) return a.size();
+            return std::ranges::mismatch(aUnits, bUnits).in1 - aUnits.begin();
+        });
+    });
+}
+
+} // namespace
+
+AttributedString::AttributedString(std::u16string_view text)
+    : AttributedString(TextStore(text).snapshot(),
+                       {.location = 0, .length = static_cast<std::int64_t>(text.size())}) {}
+
+AttributedString::AttributedString(TextSnapshot text, const TextRange& range)
+    : m_text(std::move(text))
+    , m_range(range) {
+    if (m_range.length > 0) m_runs.try_emplace(0);
+}
+
+std::u16string AttributedString::substring(const TextRange& range) const {
+    checkRange(range);
+    return m_text.substring(m_range.location + range.location, range.length);
+}
+
+std::int64_t AttributedString::commonPrefixLength(const AttributedString& other) const {
+    const std::int64_t limit = std::min(length(), other.length());
+    std::int64_t common = 0;
+    while (common < limit) {
+        const std::int64_t here = m_range.location + common;
+        const std::int64_t there = other.m_range.location + common;
+        const TextRun run = m_text.runAt(here);
+        const TextRun otherRun = other.m_text.runAt(there);
+        const std::int64_t size = std::min({limit - common, run.limit() - here, otherRun.limit() - there});
+        const std::int64_t equal = tessarine::commonPrefixLength(run.clipped(here, here + size),
+                                                                 otherRun.clipped(there, there + size));
+        common += equal;
+        if (equal < size) break;
+    }
+    return common;
 }
 
 void AttributedString::setAttributes(const TextAttributes& attributes, const TextRange& range) {
@@ -20,6 +63,12 @@ void AttributedString::setAttributes(const TextAttributes& attributes, const Tex
     m_runs.erase(std::next(first), limit);
     first->second = attributes;
     mergeEqualNeighbours(first, limit);
+}
+
+void AttributedString::copyAttributes(const AttributedString& other, std::int64_t location) {
+    for (const Run& run : other.runs({.location = 0, .length = other.length()}))
+        setAttributes(run.attributes,
+                      {.location = location + run.range.location, .length = run.range.length});
 }
 
 void AttributedString::addAttributes(const TextAttributes& attributes, const TextRange& range) {

@@ -1,4 +1,6 @@
-#include "Tessarine/base/AttributedString.h"
+#include "Tessarine/document/AttributedString.h"
+
+#include "Tessarine/document/StringView.h"
 
 #include <gtest/gtest.h>
 
@@ -70,6 +72,47 @@ TEST(AttributedString, StopsAtARangeOutsideOfIt) {
     EXPECT_DEATH(string.setAttributes({}, {-1, 1}), "Fatal error");
     EXPECT_DEATH((void)string.runs({0, -1}), "Fatal error");
     EXPECT_DEATH((void)string.runAt(2), "Fatal error");
+}
+
+TEST(AttributedString, SharesAPartOfAText) {
+    StringView text(u"ab\u0416cdefgh");
+    const AttributedString string(text.snapshot(), {2, 4});
+    text.replaceCharacters(0, 5, u"");
+    EXPECT_EQ(string, AttributedString(u"\u0416cde"));
+    EXPECT_EQ(string.characterAt(1), u'c');
+    EXPECT_EQ(string.substring({1, 2}), u"cd");
+    EXPECT_NE(string, AttributedString(u"\u0416cdf"));
+    EXPECT_NE(string, AttributedString(u"\u0416cdef"));
+    EXPECT_DEATH((void)string.substring({3, 2}), "Fatal error");
+}
+
+TEST(AttributedString, KnowsWhatItHasInCommonWithAnotherVersionOfItsText) {
+    std::u16string line;
+    for (int i = 0; i < 20'000; ++i)
+        line += static_cast<char16_t>(u'a' + i % 26);
+    StringView text(u"x" + line);
+    const AttributedString before(text.snapshot(), {1, 20'000});
+    text.replaceCharacters(9'001, 1, u"\u0416");
+    text.replaceCharacters(0, 1, u"yz");
+    const AttributedString after(text.snapshot(), {2, 20'000});
+    EXPECT_EQ(before.commonPrefixLength(after), 9'000);
+    EXPECT_EQ(after.commonPrefixLength(before), 9'000);
+    EXPECT_EQ(before.commonPrefixLength(AttributedString(line)), 20'000);
+    EXPECT_EQ(before.commonPrefixLength(AttributedString(u"abcd")), 4);
+    EXPECT_EQ(before.commonPrefixLength(AttributedString(u"")), 0);
+}
+
+TEST(AttributedString, TakesOverAttributesFromAStringOfAPart) {
+    AttributedString part(u"xyz");
+    part.setAttributes(colored(red), {1, 2});
+    AttributedString string(u"0123456789");
+    string.setAttributes(colored(green), {0, 10});
+    string.copyAttributes(part, 4);
+    AttributedString expected(u"0123456789");
+    expected.setAttributes(colored(green), {0, 4});
+    expected.setAttributes(colored(red), {5, 2});
+    expected.setAttributes(colored(green), {7, 3});
+    EXPECT_EQ(string, expected);
 }
 
 class RandomAttributes : public ::testing::TestWithParam<unsigned> {};
