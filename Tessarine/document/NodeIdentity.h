@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <string>
 
 namespace tessarine {
 
@@ -18,6 +19,9 @@ public:
     std::uint64_t upperHalf() const;
 
     std::uint64_t lowerHalf() const { return m_serial; }
+
+    // Both halves, written as a UUID is.
+    std::string text() const;
 
     friend bool operator==(const NodeIdentity&, const NodeIdentity&) = default;
 
