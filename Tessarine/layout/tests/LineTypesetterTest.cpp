@@ -172,7 +172,7 @@ TEST_F(LineTypesetterTest, SetsOnlyTheRowsAgainThatMayHaveChanged) {
     EXPECT_EQ(changed.limit, 101); // there is a row more
     EXPECT_EQ(*shaper->lineCount, 2 + 3);
     EXPECT_EQ(typesetter.lineFragments()[60]->line, before[59]->line);
-    EXPECT_EQ(typesetter.continueWith(std::make_shared<AttributedString>(text + u"b"), 464), 50);
+    EXPECT_EQ(typesetter.continueWith(std::make_shared<AttributedString>(text + u"b"), 464), 51);
     EXPECT_EQ(typesetter.lineFragments()[48], before[48]);
 }
 
