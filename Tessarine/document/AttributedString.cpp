@@ -38,6 +38,11 @@ std::u16string AttributedString::substring(const TextRange& range) const {
     return m_text.substring(m_range.location + range.location, range.length);
 }
 
+AttributedString AttributedString::part(const TextRange& range) const {
+    checkRange(range);
+    return {m_text, {.location = m_range.location + range.location, .length = range.length}};
+}
+
 std::int64_t AttributedString::commonPrefixLength(const AttributedString& other) const {
     const std::int64_t limit = std::min(length(), other.length());
     std::int64_t common = 0;

@@ -41,6 +41,9 @@ public:
 
     std::u16string substring(const TextRange& range) const;
 
+    // A string of a part of the text, which it shares, and of no attributes. O(1).
+    AttributedString part(const TextRange& range) const;
+
     // How many units two texts have in common at their starts. O(length), but what they share is not read.
     std::int64_t commonPrefixLength(const AttributedString& other) const;
 

@@ -81,6 +81,7 @@ TEST(AttributedString, SharesAPartOfAText) {
     EXPECT_EQ(string, AttributedString(u"\u0416cde"));
     EXPECT_EQ(string.characterAt(1), u'c');
     EXPECT_EQ(string.substring({1, 2}), u"cd");
+    EXPECT_EQ(string.part({1, 2}), AttributedString(u"cd"));
     EXPECT_NE(string, AttributedString(u"\u0416cdf"));
     EXPECT_NE(string, AttributedString(u"\u0416cdef"));
     EXPECT_DEATH((void)string.substring({3, 2}), "Fatal error");

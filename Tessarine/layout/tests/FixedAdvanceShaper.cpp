@@ -30,12 +30,17 @@ double widthOf(char16_t unit, const TextAttributes& attributes, double x) {
 // The places where the units of a stretch of a row end, as long as `goesOn` takes them.
 template <class GoesOn>
 std::vector<double> ends(const AttributedString& string, std::int64_t start, GoesOn goesOn) {
+    constexpr std::int64_t pieceLength = 64;
     std::vector<double> found;
     double x = 0;
-    for (std::int64_t at = start; at < string.length(); ++at) {
-        x += widthOf(string.characterAt(at), string.runAt(at).attributes, x);
-        if (!goesOn(at, x)) break;
-        found.push_back(x);
+    for (std::int64_t at = start; at < string.length();) {
+        const auto [range, attributes] = string.runAt(at);
+        const std::int64_t limit = std::min(range.limit(), at + pieceLength);
+        for (const char16_t unit : string.substring({at, limit - at})) {
+            x += widthOf(unit, attributes, x);
+            if (!goesOn(at++, x)) return found;
+            found.push_back(x);
+        }
     }
     return found;
 }

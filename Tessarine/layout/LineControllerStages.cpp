@@ -1,0 +1,215 @@
+// The stages in which a line is prepared, and the way of the highlighting that comes later.
+
+#include "Tessarine/layout/LineController.h"
+#include "Tessarine/syntax/highlighting/PlainTextSyntaxHighlighter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tessarine {
+
+void LineController::prepareToDisplayString(const TypesetAmount& amount, bool syntaxHighlightAsynchronously) {
+    syntaxHighlighter().cancel();
+    clearLineFragmentControllersIfNeeded();
+    updateString();
+    updateDefaultAttributes();
+    updateSyntaxHighlighting(syntaxHighlightAsynchronously);
+    const bool makesRowsAgain = m_isTypesetterInvalid;
+    updateTypesetter();
+    typeset(amount);
+    if (isLong()) highlightWhatShows(amount, syntaxHighlightAsynchronously);
+    if (makesRowsAgain) updateLineFragmentControllers();
+}
+
+void LineController::clearLineFragmentControllersIfNeeded() {
+    if (std::exchange(m_isLineFragmentCacheInvalid, false)) m_lineFragmentControllers.clear();
+}
+
+void LineController::updateString() {
+    if (!std::exchange(m_isStringInvalid, false)) return;
+    const auto formerString = std::exchange(m_attributedString, currentString());
+    m_lengthOfKeptText = lengthOfKeptText(formerString.get());
+    m_isDefaultAttributesInvalid = true;
+    m_isSyntaxHighlightingInvalid = true;
+    m_isTypesetterInvalid = true;
+}
+
+std::shared_ptr<AttributedString> LineController::currentString() const {
+    const TextRange range{.location = m_line->location(), .length = m_line->data().totalLength()};
+    if (range.length == 0 || range.limit() > m_stringView->length()) return nullptr;
+    if (range.length > longLineLength)
+        return std::make_shared<AttributedString>(m_stringView->snapshot(), range);
+    return std::make_shared<AttributedString>(m_stringView->substring(range.location, range.length));
+}
+
+// Rows of a long line are as good as before in front of where the text has changed, if nothing else has.
+std::optional<std::int64_t> LineController::lengthOfKeptText(const AttributedString* formerString) const {
+    if (!isLong() || !formerString || m_isDefaultAttributesInvalid || m_isTypesetterInvalid)
+        return std::nullopt;
+    return formerString->commonPrefixLength(*m_attributedString);
+}
+
+void LineController::updateDefaultAttributes() {
+    if (!std::exchange(m_isDefaultAttributesInvalid, false)) return;
+    if (m_attributedString) setDefaultAttributes(*m_attributedString);
+    m_isSyntaxHighlightingInvalid = true;
+    m_isTypesetterInvalid = true;
+}
+
+void LineController::setDefaultAttributes(AttributedString& string) {
+    syntaxHighlighter().setDefaultAttributes(string);
+    string.addAttributes({.defaultTabInterval = m_tabWidth}, {.location = 0, .length = string.length()});
+}
+
+void LineController::updateSyntaxHighlighting(bool asynchronously) {
+    if (!m_isSyntaxHighlightingInvalid) return;
+    m_highlightedWindows.clear();
+    if (!m_attributedString || isLong() || !syntaxHighlighter().canHighlight())
+        m_isSyntaxHighlightingInvalid = false;
+    else
+        highlight({.location = 0, .length = m_attributedString->length()}, asynchronously);
+}
+
+void LineController::updateTypesetter() {
+    if (!std::exchange(m_isTypesetterInvalid, false)) return;
+    m_lineHeight.reset();
+    if (const auto unchangedLength = std::exchange(m_lengthOfKeptText, std::nullopt))
+        return m_lineFragmentTree.keepFirst(m_typesetter.continueWith(m_attributedString, *unchangedLength));
+    m_lineFragmentTree.reset();
+    m_typesetter.reset();
+    if (m_attributedString) m_typesetter.prepareToTypeset(m_attributedString);
+}
+
+void LineController::typeset(const TypesetAmount& amount) {
+    if (const auto* inRect = std::get_if<InRect>(&amount))
+        enter(m_typesetter.typesetLineFragments(inRect->rect));
+    else
+        enter(m_typesetter.typesetLineFragments(std::get<ToLocation>(amount).location, 1));
+}
+
+void LineController::enter(const TypesetResult& result) {
+    if (result.lineFragments.empty()) return;
+    m_lineFragmentTree.enter(result.lineFragments);
+    m_lineHeight.reset();
+}
+
+// The delegate's, or one that knows nothing of syntax.
+LineSyntaxHighlighter& LineController::syntaxHighlighter() {
+    if (m_cachedSyntaxHighlighter) return *m_cachedSyntaxHighlighter;
+    if (const auto delegate = m_delegate.lock()) {
+        m_cachedSyntaxHighlighter = delegate->lineSyntaxHighlighter(*this);
+    } else {
+        m_cachedSyntaxHighlighter = std::make_shared<PlainTextSyntaxHighlighter>();
+        m_cachedSyntaxHighlighter->setTheme(m_theme);
+        m_cachedSyntaxHighlighter->setKern(m_kern);
+    }
+    return *m_cachedSyntaxHighlighter;
+}
+
+// What is on its way would land on another text or tell an older syntax.
+void LineController::cancelSyntaxHighlighting() {
+    if (m_cachedSyntaxHighlighter) m_cachedSyntaxHighlighter->cancel();
+}
+
+// On a string of its own with the default attributes: the line's has the colours of before, some of which may
+// have nothing in their place.
+void LineController::highlight(const TextRange& range, bool asynchronously) {
+    const auto string = std::make_shared<AttributedString>(m_attributedString->part(range));
+    setDefaultAttributes(*string);
+    LineSyntaxHighlighterInput input{
+        .attributedString = string,
+        .byteRange = {ByteCount::ofCodeUnits(m_line->location() + range.location),
+                      ByteCount::ofCodeUnits(range.length)}};
+    LineSyntaxHighlighter& highlighter = syntaxHighlighter();
+    if (!asynchronously) {
+        highlighter.cancel();
+        highlighter.syntaxHighlight(input);
+        return didHighlight(range, string);
+    }
+    highlighter.syntaxHighlight(std::move(input), [controller = weak_from_this(), range,
+                                                   string](const LineSyntaxHighlighter::Result& result) {
+        const auto living = controller.lock();
+        if (result && living) living->didHighlightInBackground(range, string);
+    });
+}
+
+void LineController::didHighlight(const TextRange& range,
+                                  const std::shared_ptr<AttributedString>& highlighted) {
+    if (isLong()) {
+        m_attributedString->copyAttributes(*highlighted, range.location);
+        m_highlightedWindows.add(range);
+        if (!m_isTypesetterInvalid) typesetAgain(range);
+        return;
+    }
+    m_attributedString = highlighted;
+    m_isSyntaxHighlightingInvalid = false;
+    m_isTypesetterInvalid = true;
+}
+
+void LineController::didHighlightInBackground(const TextRange& range,
+                                              const std::shared_ptr<AttributedString>& highlighted) {
+    const auto formerWidth = static_cast<std::int64_t>(maximumLineWidth());
+    const double formerHeight = lineHeight();
+    didHighlight(range, highlighted);
+    redisplay();
+    const bool isAsBefore =
+        static_cast<std::int64_t>(maximumLineWidth()) == formerWidth && lineHeight() == formerHeight;
+    if (isAsBefore) return;
+    if (const auto delegate = m_delegate.lock()) delegate->lineControllerDidChangeHeight(*this);
+}
+
+// The rows that there were.
+void LineController::redisplay() {
+    const std::int64_t startOffset = m_typesetter.startOffset();
+    m_lineHeight.reset();
+    updateTypesetter();
+    enter(m_typesetter.typesetLineFragments(startOffset, 0));
+    updateLineFragmentControllers();
+    for (const auto& [id, controller] : m_lineFragmentControllers)
+        controller->setNeedsDisplay();
+}
+
+// Each turn that highlights something may move rows, so that others show; each adds windows, so there is an
+// end to it.
+void LineController::highlightWhatShows(const TypesetAmount& amount, bool asynchronously) {
+    if (!syntaxHighlighter().canHighlight()) return;
+    while (const auto shown = rangeOfRows(amount)) {
+        const auto missing = m_highlightedWindows.missing(*shown, m_attributedString->length());
+        if (!missing) return;
+        highlight(*missing, asynchronously);
+        if (asynchronously) return;
+        typeset(amount);
+    }
+}
+
+// Nothing if none of them has been made.
+std::optional<TextRange> LineController::rangeOfRows(const TypesetAmount& amount) const {
+    const auto isAbove = [&](const LineFragmentReference& fragment) {
+        const auto* inRect = std::get_if<InRect>(&amount);
+        return inRect ? fragment->maxY() <= inRect->rect.minY()
+                      : fragment->range.limit() < std::get<ToLocation>(amount).location;
+    };
+    const auto isNotBelow = [&](const LineFragmentReference& fragment) {
+        const auto* inRect = std::get_if<InRect>(&amount);
+        return inRect ? fragment->yPosition < inRect->rect.maxY()
+                      : fragment->range.location <= std::get<ToLocation>(amount).location;
+    };
+    const auto first = std::ranges::partition_point(lineFragments(), isAbove);
+    const auto limit = std::ranges::partition_point(lineFragments(), isNotBelow);
+    if (first >= limit) return std::nullopt;
+    const std::int64_t start = (*first)->range.location;
+    return TextRange{.location = start, .length = (*std::prev(limit))->range.limit() - start};
+}
+
+// Of a long line, whose attributes have changed there.
+void LineController::typesetAgain(const TextRange& range) {
+    const auto changed = m_typesetter.typesetAgain(m_attributedString, range);
+    m_lineFragmentTree.enter(std::span(lineFragments())
+                                 .subspan(static_cast<std::size_t>(changed.first),
+                                          static_cast<std::size_t>(changed.limit - changed.first)));
+    m_lineFragmentTree.keepFirst(m_typesetter.lineFragmentIndex());
+    m_lineHeight.reset();
+    updateLineFragmentControllers();
+}
+
+} // namespace tessarine
