@@ -13,6 +13,8 @@ namespace tessarine {
 // In points. Cost: O(1), but for the first widest() after the tracked line went or shrank: O(lines known).
 class LineWidths {
 public:
+    bool isEmpty() const { return m_lineWidths.empty(); }
+
     // True if the widest line may be another one or have another width now.
     bool set(const DocumentLineNodeID& lineID, double width);
 
