@@ -23,7 +23,7 @@ set(below_languages Tessarine/document Tessarine/base)
 set(below_Tessarine/view Tessarine/layout Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base themes
     languages/grammars)
 set(below_Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
-set(below_Tessarine/layout Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
+set(below_Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
 set(below_Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
 set(below_Tessarine/document Tessarine/base)
 set(below_Tessarine/theme Tessarine/base)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tessarine/base/Color.h"
 #include "Tessarine/base/TextRange.h"
 #include "Tessarine/base/UUID.h"
 
@@ -11,6 +12,7 @@ namespace tessarine {
 struct HighlightedRange {
     std::string id = freshUUID();
     TextRange range;
+    Color color{RGBAColor{.alpha = 0}};
     double cornerRadius = 0; // points
 };
 

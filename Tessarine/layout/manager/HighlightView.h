@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Tessarine/layout/View.h"
+#include "Tessarine/layout/manager/CachedHighlightRect.h"
+#include "Tessarine/layout/manager/ReusableView.h"
+
+namespace tessarine {
+
+// One row's part of a highlighted range. Only the corners at the range's own ends are round.
+class HighlightView final : public View, public ReusableView {
+public:
+    void show(const CachedHighlightRect& highlight);
+
+    void prepareForReuse() override { setBackgroundColor(std::nullopt); }
+};
+
+} // namespace tessarine

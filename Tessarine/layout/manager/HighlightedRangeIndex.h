@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Tessarine/document/search/HighlightedRange.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace tessarine {
+
+// Finds the highlighted ranges that touch a stretch of the text, however many there are and however they
+// overlap.
+//
+// A balanced tree that lies in a vector: ranges by their starts, the middle of a stretch being its root, and
+// each root knows how far the ranges of its stretch reach.
+// Cost: O(n log n) to set; O(log n) a look-up, and O(log n) more for each range found.
+class HighlightedRangeIndex {
+public:
+    using Ranges = std::vector<std::shared_ptr<const HighlightedRange>>;
+
+    // Without the empty ones, which show nothing.
+    void setRanges(const Ranges& ranges);
+
+    bool isEmpty() const { return m_entries.empty(); }
+
+    // In the order of their starts. An empty stretch touches nothing.
+    template <class Visit>
+    void visit(const TextRange& range, Visit visit) const {
+        if (range.length > 0) visitBetween(0, m_entries.size(), range, visit);
+    }
+
+private:
+    struct Entry {
+        std::shared_ptr<const HighlightedRange> range;
+        std::int64_t farthestLimit; // of the stretch whose root it is
+    };
+
+    static std::size_t middle(std::size_t start, std::size_t limit) { return start + (limit - start) / 2; }
+
+    std::int64_t findFarthestLimits(std::size_t start, std::size_t limit);
+
+    template <class Visit>
+    void visitBetween(std::size_t start, std::size_t limit, const TextRange& range, Visit& visit) const {
+        if (start == limit) return;
+        const std::size_t root = middle(start, limit);
+        if (m_entries[root].farthestLimit <= range.location) return;
+        visitBetween(start, root, range, visit);
+        const TextRange& candidate = m_entries[root].range->range;
+        if (candidate.location >= range.limit()) return;
+        if (candidate.limit() > range.location) visit(*m_entries[root].range);
+        visitBetween(root + 1, limit, range, visit);
+    }
+
+    std::vector<Entry> m_entries;
+};
+
+} // namespace tessarine
