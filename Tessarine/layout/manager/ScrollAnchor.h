@@ -10,8 +10,8 @@ namespace tessarine {
 // Remembers what shows at the top of the viewport of a line that begins above it, and tells how far that has
 // moved when the line has been laid out anew.
 //
-// That is the row there, by the text it begins with. Where no row has been typeset, or where its text has gone,
-// it is what lies below the line, as for lines that are above the viewport as a whole.
+// That is the row there, by the text it begins with. Where no row has been typeset, or where its text has
+// gone, it is what lies below the line, as for lines that are above the viewport as a whole.
 //
 // Units: points and code units from the start of the line.
 class ScrollAnchor {
