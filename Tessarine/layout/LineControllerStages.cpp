@@ -138,8 +138,7 @@ void LineController::didHighlight(const TextRange& range,
     if (isLong()) {
         m_attributedString->copyAttributes(*highlighted, range.location);
         m_highlightedWindows.add(range);
-        if (!m_isTypesetterInvalid) typesetAgain(range);
-        return;
+        return typesetAgain(range);
     }
     m_attributedString = highlighted;
     m_isSyntaxHighlightingInvalid = false;

@@ -18,11 +18,10 @@ using ToLocation = LineController::ToLocation;
 
 constexpr std::int64_t window = HighlightedWindows::windowLength;
 
-// Rows of four units in a width of 50, one of them bold.
-std::u16string longText(std::int64_t rows) {
+std::u16string repeated(std::u16string_view part, std::int64_t count) {
     std::u16string text;
-    for (std::int64_t row = 0; row < rows; ++row)
-        text += u"aab ";
+    for (std::int64_t i = 0; i < count; ++i)
+        text += part;
     return text;
 }
 
@@ -40,7 +39,8 @@ struct LongLine : ::testing::Test {
         return line->controller->lineFragments().at(row)->scaledSize.width;
     }
 
-    const std::shared_ptr<DisplayedLine> line = DisplayedLine::create(longText(25'000));
+    // Rows of four units in a width of 50, one of them bold.
+    const std::shared_ptr<DisplayedLine> line = DisplayedLine::create(repeated(u"aab ", 25'000));
 };
 
 TEST_F(LongLine, IsHighlightedWhereItShows) {
@@ -100,6 +100,19 @@ TEST_F(LongLine, GetsItsColoursInTheBackground) {
     EXPECT_TRUE(line->highlighter->hasPending());
 }
 
+TEST_F(LongLine, LosesRowsWhenItsTextGetsNarrower) {
+    line->controller->setConstrainingWidth(40);
+    showRow(5'000);
+    const std::size_t before = line->controller->lineFragments().size();
+    line->highlighter->traits = FontTraits::italic;
+    line->controller->invalidateSyntaxHighlighting();
+    showRow(4'500);
+    EXPECT_LT(line->controller->lineFragments().size(), before);
+    EXPECT_EQ(line->controller->lineFragmentTree().check(), std::nullopt);
+    EXPECT_EQ(line->controller->lineFragmentTree().tree().root().nodeTotalCount(),
+              line->controller->lineFragments().size());
+}
+
 // The width changes before the colours come.
 TEST_F(LongLine, SurvivesColoursThatComeWhenItsRowsAreStale) {
     showRow(10, true);
@@ -130,16 +143,17 @@ class RandomLongLine : public ::testing::TestWithParam<unsigned> {};
 TEST_P(RandomLongLine, ShowsWhatAWholeOneShows) {
     std::mt19937 random(GetParam());
     const auto below = [&](std::int64_t limit) { return static_cast<std::int64_t>(random() % limit); };
-    const auto line = DisplayedLine::create(longText(9'000));
+    const auto line = DisplayedLine::create(repeated(u"aab aaa aaaa, aaaaaaaaaa aaaaaaa ", 1'100));
+    line->controller->setConstrainingWidth(300);
     line->highlighter->traits = FontTraits::italic; // as wide as the others
     for (int step = 0; step < 12; ++step) {
         const std::int64_t length = line->stringView->length();
         const std::int64_t at = below(length);
         const std::u16string inserted(static_cast<std::size_t>(below(20)), u",b a"[below(4)]);
         line->replace(at, std::min(below(3) * below(20), length - at), inserted);
-        if (below(5) == 0) line->controller->setConstrainingWidth(static_cast<double>(40 + below(200)));
+        if (below(5) == 0) line->controller->setConstrainingWidth(static_cast<double>(200 + below(200)));
         const bool isAsynchronous = below(2) == 0;
-        const Rect rect{.y = static_cast<double>(below(60'000)), .height = 200};
+        const Rect rect{.y = static_cast<double>(below(15'000)), .height = 200};
         line->controller->prepareToDisplayString(InRect{rect}, isAsynchronous);
         if (isAsynchronous && line->highlighter->hasPending()) line->highlighter->runPending();
         if (step % 3 != 2) continue;
