@@ -6,6 +6,7 @@
 #include "Tessarine/document/bench/Workload.h"
 #include "Tessarine/layout/manager/LayoutManager.h"
 #include "Tessarine/layout/tests/FixedAdvanceShaper.h"
+#include "Tessarine/syntax/PlainTextInternalLanguageMode.h"
 
 #include <string>
 
