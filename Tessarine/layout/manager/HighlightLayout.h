@@ -17,9 +17,8 @@ namespace tessarine {
 // Cost: of a row O(log ranges), and the parts in it.
 class HighlightLayout {
 public:
-    HighlightLayout(const LayoutContext& context, const LayoutGeometry& geometry)
-        : m_context(context)
-        , m_geometry(geometry) {}
+    explicit HighlightLayout(const LayoutGeometry& geometry)
+        : m_geometry(geometry) {}
 
     const std::shared_ptr<View>& highlightsContainerBackgroundView() const {
         return m_highlightsContainerBackgroundView;
@@ -41,7 +40,6 @@ private:
     CachedHighlightRect highlightRect(const HighlightedRange& range, const LineFragment& row,
                                       std::int64_t lineLocation, double lineTop) const;
 
-    const LayoutContext& m_context;
     const LayoutGeometry& m_geometry;
     const std::shared_ptr<View> m_highlightsContainerBackgroundView = std::make_shared<View>();
     HighlightedRangeIndex m_highlightedRanges;

@@ -1,14 +1,16 @@
 #include "Tessarine/layout/manager/HighlightedRangeIndex.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessarine {
 
 void HighlightedRangeIndex::setRanges(const Ranges& ranges) {
     m_entries.clear();
-    for (const auto& range : ranges)
-        if (range->range.length > 0) m_entries.push_back({range, 0});
-    std::ranges::stable_sort(m_entries, {}, [](const Entry& entry) { return entry.range->range.location; });
+    for (std::size_t i = 0; i < ranges.size(); ++i)
+        if (ranges[i]->range.length > 0) m_entries.push_back({.range = ranges[i], .order = i});
+    std::ranges::sort(m_entries, {},
+                      [](const Entry& entry) { return std::pair(entry.range->range.location, entry.order); });
     findFarthestLimits(0, m_entries.size());
 }
 

@@ -33,7 +33,8 @@ public:
 private:
     struct Entry {
         std::shared_ptr<const HighlightedRange> range;
-        std::int64_t farthestLimit; // of the stretch whose root it is
+        std::size_t order;              // among those that were set
+        std::int64_t farthestLimit = 0; // of the stretch whose root it is
     };
 
     static std::size_t middle(std::size_t start, std::size_t limit) { return start + (limit - start) / 2; }

@@ -168,7 +168,7 @@ private:
     TextGeometry m_textGeometry{m_context, m_geometry, m_lineControllers, m_contentSize};
 
     LineFragmentLayout m_rows{m_context, m_geometry};
-    HighlightLayout m_highlights{m_context, m_geometry};
+    HighlightLayout m_highlights{m_geometry};
     LineSelectionLayout m_lineSelection{m_context, m_geometry};
     GutterLayout m_gutter;
     std::unordered_set<DocumentLineNodeID> m_visibleLineIDs;
