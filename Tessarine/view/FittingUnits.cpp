@@ -52,7 +52,8 @@ int lastFitting(const std::vector<int>& boundaries, double width, WidthOfPrefix 
 
 } // namespace
 
-int fittingUnits(const RowText& row, double width) {
+int fittingUnits(const RowText& coloredRow, double width) {
+    const RowText row = coloredRow.withRunsOfFaces();
     const RowLayout layout(row, UserInterfaceStyle::Light);
     const auto boundaries = boundariesOf(layout, row.text.size());
     if (hasRightToLeft(row.text))

@@ -14,6 +14,9 @@ struct RowStyle {
     // Whether they look the same as those it was made of.
     bool isOf(const TextAttributes& attributes) const;
 
+    // Whether text is as wide in both.
+    bool hasFaceOf(const RowStyle& other) const { return font == other.font && kern == other.kern; }
+
     const std::optional<Color> foregroundColor;
     const std::optional<Font> font;
     const std::optional<double> kern;

@@ -23,7 +23,9 @@ RowText RowText::of(const AttributedString& string, const TextRange& range, RowS
     RowText row;
     row.text = toQt(string.substring(range));
     std::ranges::transform(row.text, row.text.begin(), shown);
-    for (const auto& run : string.runs(range)) {
+    const auto runs = string.runs(range);
+    row.runs.reserve(runs.size()); // so that no room is left behind them
+    for (const auto& run : runs) {
         if (row.runs.empty())
             row.tabInterval = run.attributes.defaultTabInterval.value_or(defaultTabInterval);
         auto style = styles.styleOf(run.attributes);
@@ -31,6 +33,18 @@ RowText RowText::of(const AttributedString& string, const TextRange& range, RowS
         row.runs.back().length += static_cast<int>(run.range.length);
     }
     return row;
+}
+
+RowText RowText::withRunsOfFaces() const {
+    RowText fewer = *this;
+    fewer.runs.clear();
+    for (const Run& run : runs) {
+        if (!fewer.runs.empty() && fewer.runs.back().style->hasFaceOf(*run.style))
+            fewer.runs.back().length += run.length;
+        else
+            fewer.runs.push_back(run);
+    }
+    return fewer;
 }
 
 RowText RowText::prefix(int length) const {

@@ -25,6 +25,9 @@ struct RowText {
     static RowText of(const AttributedString& string, const TextRange& range, RowStyles& styles);
 
     RowText prefix(int length) const;
+
+    // Without regard to colours: for measuring, as each run is shaped by itself.
+    RowText withRunsOfFaces() const;
 };
 
 } // namespace tessarine

@@ -134,6 +134,18 @@ TEST(QtTypesetter, BreaksBehindTheLastCharacterThatFits) {
     EXPECT_THAT(breaks(sampleString(u"ab  \r\n"), 2 * em), ElementsAre(0, 2, 6));
 }
 
+TEST(QtTypesetter, BreaksByFontsAndNotByColors) {
+    const auto string = sampleString(std::u16string(100, u'm'));
+    const auto plain = breaks(string, 200);
+    for (std::int64_t at = 0; at < 100; at += 2)
+        string->addAttributes({.foregroundColor = Color(RGBAColor::ofHex(0xFF0000))}, {at, 1});
+    EXPECT_EQ(breaks(string, 200), plain);
+    string->addAttributes({.font = Font::monospacedSystem(28)}, {plain[1], 100 - plain[1]});
+    const auto larger = breaks(string, 200);
+    EXPECT_EQ(larger[1], plain[1]);
+    EXPECT_LT(2 * (larger[2] - larger[1]), plain[1] + 2);
+}
+
 TEST(QtTypesetter, NeverSplitsACharacter) {
     std::u16string text;
     for (int i = 0; i < 40; ++i)
