@@ -73,9 +73,15 @@ Layer::Reference TreeSitterLayerParser::parseLayer(const TreeSitterInternalLangu
 Layer::Reference TreeSitterLayerParser::applyToLayer(const Layer::Reference& layer, const Place& place) {
     if (!place.range) return reparseLayer(*layer, place);
     const auto [range, effect] = rangeAfterEdits(*layer->textRange(), m_edits);
-    if (effect == EditEffect::touches || !(range == *place.range)) return reparseLayer(*layer, place);
+    return range == *place.range ? applyEffect(layer, place, effect) : reparseLayer(*layer, place);
+}
+
+// To a layer whose range the edits have brought to its place.
+Layer::Reference TreeSitterLayerParser::applyEffect(const Layer::Reference& layer, const Place& place,
+                                                    EditEffect effect) {
     if (effect == EditEffect::none) return layer;
-    return dependsOnPlace(*layer) ? reparseLayer(*layer, place) : moved(*layer, place);
+    if (effect == EditEffect::touches || dependsOnPlace(*layer)) return reparseLayer(*layer, place);
+    return moved(*layer, place);
 }
 
 Layer::Reference TreeSitterLayerParser::reparseLayer(const Layer& layer, const Place& place) {
@@ -130,11 +136,11 @@ std::optional<Layer::Children> TreeSitterLayerParser::updateChildLayersNear(Byte
     ChildLayerMatcher matcher(0);
     std::vector<Kept> kept;
     for (const Layer::Child& child : reparse.layer.childLanguageLayers()) {
-        const TreeSitterTextRange range = rangeAfterEdits(*child.layer->textRange(), m_edits).range;
-        if (touches(doubtful, range))
-            matcher.add(child, range);
+        const RangeAfterEdits after = rangeAfterEdits(*child.layer->textRange(), m_edits);
+        if (touches(doubtful, after.range))
+            matcher.add(child, after.range);
         else
-            kept.push_back({child.layer, range});
+            kept.push_back({child.layer, after});
     }
     const auto liesElsewhere = [&](const auto& injection) { return !touches(doubtful, injection.textRange); };
     std::vector<TreeSitterInjectedLanguage> elsewhere;
@@ -144,8 +150,9 @@ std::optional<Layer::Children> TreeSitterLayerParser::updateChildLayersNear(Byte
 
     const int depth = reparse.place.depth;
     Layer::Children children = childLayers(std::move(found), matcher, depth);
-    for (const auto& [layer, range] : kept) {
-        children.layers.push_back({nullptr, applyToLayer(layer, {.range = range, .depth = depth + 1})});
+    for (const auto& [layer, after] : kept) {
+        const Place place{.range = after.range, .depth = depth + 1};
+        children.layers.push_back({nullptr, applyEffect(layer, place, after.effect)});
         if (m_isStopped) break;
     }
     return children;
@@ -155,9 +162,9 @@ std::optional<Layer::Children> TreeSitterLayerParser::updateChildLayersNear(Byte
 bool TreeSitterLayerParser::areKept(std::span<const TreeSitterInjectedLanguage> injections,
                                     std::span<const Kept> kept) const {
     return std::ranges::all_of(injections, [&](const TreeSitterInjectedLanguage& injection) {
-        const auto start = [](const Kept& child) { return child.range.startByte(); };
+        const auto start = [](const Kept& child) { return child.after.range.startByte(); };
         const auto found = std::ranges::lower_bound(kept, injection.textRange.startByte(), {}, start);
-        return found != kept.end() && found->range == injection.textRange &&
+        return found != kept.end() && found->after.range == injection.textRange &&
                found->layer->language() == languageNamed(injection.languageName);
     });
 }

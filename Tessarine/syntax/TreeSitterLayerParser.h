@@ -61,7 +61,7 @@ private:
     // A child that nothing came near, and where it is now.
     struct Kept {
         Layer::Reference layer;
-        TreeSitterTextRange range;
+        RangeAfterEdits after;
     };
 
     // A stretch and the child that it was before, if any.
@@ -73,6 +73,7 @@ private:
     void prepareParser(const TreeSitterInternalLanguage& language, const Place& place);
     Layer::Reference parseLayer(const TreeSitterInternalLanguage::Reference& language, const Place& place);
     Layer::Reference applyToLayer(const Layer::Reference& layer, const Place& place);
+    Layer::Reference applyEffect(const Layer::Reference& layer, const Place& place, EditEffect effect);
     Layer::Reference reparseLayer(const Layer& layer, const Place& place);
     std::optional<InjectionsSearch> injectionsSearch(const TreeSitterInternalLanguage& language,
                                                      const TreeSitterTree::Reference& tree, int depth);

@@ -7,6 +7,8 @@
 #include "Tessarine/editing/TextEditHelper.h"
 #include "Tessarine/editing/TextInputView.h"
 #include "Tessarine/editing/TextViewState.h"
+#include "Tessarine/editing/tests/FakeTextMeasurer.h"
+#include "Tessarine/editing/tests/FakeTimerScheduler.h"
 #include "Tessarine/syntax/bench/BareParser.h"
 #include "Tessarine/syntax/bench/SampleTexts.h"
 #include "Tessarine/syntax/tests/QueuedExecutor.h"
@@ -19,7 +21,6 @@ using namespace tessarine;
 
 namespace {
 
-// Hosts that do nothing.
 class NoLayout final : public TextInputLayout {
 public:
     void setDocument(const EditedDocument& /*document*/) override {}
@@ -43,31 +44,6 @@ public:
     Size contentSize() override { return {}; }
 };
 
-class NoScheduler final : public TimerScheduler {
-public:
-    std::unique_ptr<ScheduledTimer> schedule(std::chrono::duration<double> /*delay*/,
-                                             Action action) override {
-        return std::make_unique<Timer>(std::move(action));
-    }
-
-private:
-    struct Timer final : ScheduledTimer {
-        explicit Timer(Action ownAction)
-            : action(std::move(ownAction)) {}
-
-        Action action;
-    };
-};
-
-class NoMeasurer final : public TextMeasurer {
-public:
-    FontMetrics metrics(const Font& font) const override { return {.ascender = font.pointSize}; }
-
-    double width(std::u16string_view text, const Font& font) const override {
-        return font.pointSize * static_cast<double>(text.size());
-    }
-};
-
 class Editor {
 public:
     explicit Editor(std::u16string_view text) {
@@ -87,9 +63,9 @@ public:
 
     std::int64_t length() const { return view->document().stringView->length(); }
 
-    const std::shared_ptr<NoMeasurer> measurer = std::make_shared<NoMeasurer>();
+    const std::shared_ptr<FakeTextMeasurer> measurer = std::make_shared<FakeTextMeasurer>();
     const std::shared_ptr<TextInputView> view =
-        TextInputView::create(std::make_shared<NoLayout>(), std::make_shared<NoScheduler>(), measurer);
+        TextInputView::create(std::make_shared<NoLayout>(), std::make_shared<FakeTimerScheduler>(), measurer);
 };
 
 std::u16string lines(int count) {

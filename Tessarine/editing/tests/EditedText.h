@@ -2,6 +2,7 @@
 
 #include "Tessarine/editing/TextInputView.h"
 #include "Tessarine/editing/TextViewState.h"
+#include "Tessarine/editing/tests/FakeTextMeasurer.h"
 #include "Tessarine/editing/tests/FakeTimerScheduler.h"
 #include "Tessarine/editing/tests/LineFault.h"
 #include "Tessarine/theme/DefaultTheme.h"
@@ -14,18 +15,6 @@
 #include <vector>
 
 namespace tessarine {
-
-// Characters as wide as the font is large.
-class FakeTextMeasurer final : public TextMeasurer {
-public:
-    FontMetrics metrics(const Font& font) const override {
-        return {.ascender = font.pointSize, .descender = -0.25 * font.pointSize, .leading = 1};
-    }
-
-    double width(std::u16string_view text, const Font& font) const override {
-        return font.pointSize * static_cast<double>(text.size());
-    }
-};
 
 class SimpleCharacterPair final : public CharacterPair {
 public:

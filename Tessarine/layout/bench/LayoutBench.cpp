@@ -5,6 +5,7 @@
 #include "Tessarine/document/bench/SourceText.h"
 #include "Tessarine/document/bench/Workload.h"
 #include "Tessarine/layout/manager/LayoutManager.h"
+#include "Tessarine/layout/manager/tests/ReckonedMeasurer.h"
 #include "Tessarine/layout/tests/FixedAdvanceShaper.h"
 #include "Tessarine/syntax/PlainTextInternalLanguageMode.h"
 
@@ -19,17 +20,6 @@ namespace {
 constexpr double rowHeight = 11;
 constexpr double screenHeight = 60 * rowHeight;
 constexpr double screenWidth = 1'200;
-
-class FixedMeasurer final : public TextMeasurer {
-public:
-    FontMetrics metrics(const Font& /*font*/) const override {
-        return {.ascender = 8, .descender = -2, .leading = 1};
-    }
-
-    double width(std::u16string_view text, const Font& /*font*/) const override {
-        return 10 * static_cast<double>(text.size());
-    }
-};
 
 std::u16string sourceLines(int count) {
     const std::string text = sourceText(count);
@@ -74,7 +64,7 @@ private:
     const std::shared_ptr<ScrollView> m_scrollView = std::make_shared<ScrollView>();
     const std::shared_ptr<View> m_textView = std::make_shared<View>();
     const std::shared_ptr<LayoutManager> m_manager =
-        LayoutManager::create(std::make_shared<FixedAdvanceShaper>(), std::make_shared<FixedMeasurer>());
+        LayoutManager::create(std::make_shared<FixedAdvanceShaper>(), std::make_shared<ReckonedMeasurer>());
 };
 
 Samples timeOpening(const EditedDocument& document) {

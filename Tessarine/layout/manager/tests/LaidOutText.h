@@ -4,6 +4,7 @@
 #include "Tessarine/editing/TextViewState.h"
 #include "Tessarine/editing/tests/FakeTimerScheduler.h"
 #include "Tessarine/layout/manager/LayoutManager.h"
+#include "Tessarine/layout/manager/tests/ReckonedMeasurer.h"
 #include "Tessarine/layout/tests/FixedAdvanceShaper.h"
 
 #include <memory>
@@ -12,22 +13,6 @@
 #include <vector>
 
 namespace tessarine {
-
-// A unit is 10 wide. Rows of the shaper are 11 high, so estimates are right unless a test changes them.
-class ReckonedMeasurer final : public TextMeasurer {
-public:
-    FontMetrics metrics(const Font&) const override {
-        return {.ascender = estimatedHeight - 3, .descender = -2, .leading = 1};
-    }
-
-    double width(std::u16string_view text, const Font&) const override {
-        ++measured;
-        return 10 * static_cast<double>(text.size());
-    }
-
-    double estimatedHeight = 11;
-    mutable int measured = 0;
-};
 
 // Sets the size of the content, as a text view does, and counts.
 class ObedientDelegate final : public LayoutManagerDelegate {
