@@ -135,6 +135,18 @@ void makeFile(const QString& path) {
     if (made >= 0) ::close(made);
 }
 
+// As isOurs(), on one state of the file: between two reads another program may make the tables.
+CloudResult<bool> isOursByOneState(SqlConnection& connection) {
+    bool isMade = false;
+    CLOUD_TRY(connection.read([&connection, &isMade]() -> CloudResult<void> {
+        const auto made = isOurs(connection);
+        if (!made) return std::unexpected(made.error());
+        isMade = *made;
+        return {};
+    }));
+    return isMade;
+}
+
 // Again under the lock: two programs may meet at a new file.
 CloudResult<void> makeSchema(SqlConnection& connection) {
     return connection.write([&connection]() -> CloudResult<SqlConnection::Ending> {
@@ -189,7 +201,7 @@ CloudResult<std::unique_ptr<SqlConnection>> SqliteDialect::connect(CallLimit) {
     database.setConnectOptions(
         QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(m_deadline.count()));
     if (!database.open()) return std::unexpected(errorOf(database.lastError()));
-    const auto isMade = isOurs(*connection);
+    const auto isMade = isOursByOneState(*connection);
     if (!isMade) return std::unexpected(isMade.error());
     CLOUD_TRY(connection->runOnce(QStringLiteral("PRAGMA journal_mode = DELETE")));
     CLOUD_TRY(connection->runOnce(QStringLiteral("PRAGMA synchronous = FULL")));

@@ -7,6 +7,10 @@
 #include <QtSql/QSqlQuery>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <barrier>
+#include <thread>
+
 using namespace platform;
 using namespace platform::testing;
 using Code = CKError::Code;
@@ -98,6 +102,24 @@ TEST_F(FileFaults, AFileOfANewerVersionIsLeftAsItIs) {
     const QByteArray before = bytes();
     EXPECT_EQ(codeOfOpening(), Code::IncompatibleVersion);
     EXPECT_EQ(bytes(), before);
+}
+
+TEST_F(FileFaults, ThoseWhoMeetAtANewFileOpenItAll) {
+    for (int round = 0; round < 100; ++round) {
+        path = directory.filePath(QStringLiteral("%1.sqlite").arg(round));
+        std::array<std::optional<Code>, 3> codes;
+        {
+            std::barrier together(codes.size());
+            std::vector<std::jthread> programs;
+            for (auto& code : codes)
+                programs.emplace_back([&] {
+                    together.arrive_and_wait();
+                    code = codeOfOpening();
+                });
+        }
+        for (const auto& code : codes)
+            ASSERT_EQ(code, std::nullopt) << "round " << round;
+    }
 }
 
 TEST_F(FileFaults, AFolderThatIsNotThereIsNoWayToTheFile) {
