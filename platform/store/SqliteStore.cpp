@@ -83,11 +83,17 @@ SqliteStore::open(const QString& path, std::shared_ptr<const ManagedObjectModel>
 }
 
 StoreResult<void> SqliteStore::prepareFile(Migration migration) {
-    auto blank = isBlank(*m_connection);
-    if (!blank) return std::unexpected(blank.error());
-    if (*blank) STORE_TRY(m_connection->setPragma(QStringLiteral("page_size"), pageBytes));
+    bool isNew = false;
+    // On one state of the file: between two reads another program may make the tables.
+    STORE_TRY(m_connection->readTransaction([&]() -> StoreResult<void> {
+        const auto blank = isBlank(*m_connection);
+        if (!blank) return std::unexpected(blank.error());
+        isNew = *blank;
+        return {};
+    }));
+    if (isNew) STORE_TRY(m_connection->setPragma(QStringLiteral("page_size"), pageBytes));
     STORE_TRY(setStorePragmas(*m_connection));
-    if (*blank) return createTables();
+    if (isNew) STORE_TRY(createTables());
     STORE_TRY(checkWhole());
     return migrateIfNeeded(migration);
 }
@@ -109,6 +115,10 @@ StoreResult<void> SqliteStore::checkWhole() {
 
 StoreResult<void> SqliteStore::createTables() {
     return m_connection->transaction([this]() -> StoreResult<void> {
+        // Again under the lock: two programs may meet at a new file.
+        const auto blank = isBlank(*m_connection);
+        if (!blank) return std::unexpected(blank.error());
+        if (!*blank) return {};
         STORE_TRY(markFile(*m_connection));
         for (const auto& statement : commonTables() + tablesOf(m_model->entities()))
             STORE_TRY(m_connection->run(statement));

@@ -4,6 +4,10 @@
 #include <QtCore/QFile>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <barrier>
+#include <thread>
+
 using namespace platform;
 using shelf::Library;
 
@@ -66,6 +70,25 @@ TEST_F(StoreFaults, AStoreOfANewerProgramOrOfAnotherModelIsRefusedAndLeftAlone) 
     EXPECT_EQ(SqliteStore::metadata(path).error().kind, StoreError::Kind::TooNew);
     EXPECT_EQ(Library(path).error->kind, StoreError::Kind::TooNew);
     EXPECT_EQ(bytesOf(path), before);
+}
+
+TEST_F(StoreFaults, ThoseWhoMeetAtANewFileOpenItAll) {
+    for (int round = 0; round < 50; ++round) {
+        path = directory.filePath(QStringLiteral("%1.sqlite").arg(round));
+        std::array<std::optional<StoreError>, 3> errors;
+        {
+            std::barrier together(errors.size());
+            std::vector<std::jthread> programs;
+            for (auto& error : errors)
+                programs.emplace_back([&] {
+                    together.arrive_and_wait();
+                    const auto store = SqliteStore::open(path, shelf::makeModel());
+                    if (!store) error = store.error();
+                });
+        }
+        for (const auto& error : errors)
+            ASSERT_FALSE(error) << "round " << round << ": " << error->message.toStdString();
+    }
 }
 
 TEST_F(StoreFaults, AFolderThatCannotBeMadeIsAnError) {
