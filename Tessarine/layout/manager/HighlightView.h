@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Tessarine/layout/ReusableView.h"
 #include "Tessarine/layout/View.h"
 #include "Tessarine/layout/manager/CachedHighlightRect.h"
-#include "Tessarine/layout/manager/ReusableView.h"
 
 namespace tessarine {
 

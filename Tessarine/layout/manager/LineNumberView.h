@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Tessarine/layout/ReusableView.h"
 #include "Tessarine/layout/manager/Label.h"
-#include "Tessarine/layout/manager/ReusableView.h"
 
 #include <cstdint>
 #include <memory>
