@@ -124,7 +124,8 @@ LineTypesetter::typesetAgain(std::shared_ptr<const AttributedString> attributedS
                              const TextRange& range) {
     const std::int64_t first = firstFragmentToldBy(range.location);
     const std::int64_t formerStart = m_startOffset;
-    const LineFragments former(m_lineFragments.begin() + first, m_lineFragments.end());
+    LineFragments former(std::make_move_iterator(m_lineFragments.begin() + first),
+                         std::make_move_iterator(m_lineFragments.end()));
     removeFragments(first);
     begin(std::move(attributedString));
     // From one start on behind the change the rows are the same again.
@@ -144,7 +145,7 @@ LineTypesetter::typesetAgain(std::shared_ptr<const AttributedString> attributedS
     const bool haveMoved =
         rest != former.end() && ((*rest)->index != meeting || (*rest)->yPosition != m_nextYPosition);
     for (; rest != former.end(); ++rest)
-        appendMoved(*rest);
+        appendMoved(std::move(*rest));
     endIfAtEnd();
     return {.first = first, .limit = haveMoved ? lineFragmentIndex() : meeting};
 }
@@ -169,13 +170,13 @@ std::int64_t LineTypesetter::firstFragmentToldBy(std::int64_t location) const {
 void LineTypesetter::append(LineFragmentReference fragment) {
     m_startOffset = fragment->range.limit();
     m_nextYPosition += fragment->scaledSize.height;
-    m_maximumLineWidth = std::max(m_maximumLineWidth, fragment->scaledSize.width);
+    m_maximumLineWidths.push_back(std::max(maximumLineWidth(), fragment->scaledSize.width));
     m_lineFragments.push_back(std::move(fragment));
 }
 
-void LineTypesetter::appendMoved(const LineFragmentReference& fragment) {
+void LineTypesetter::appendMoved(LineFragmentReference fragment) {
     if (fragment->index == lineFragmentIndex() && fragment->yPosition == m_nextYPosition)
-        return append(fragment);
+        return append(std::move(fragment));
     LineFragment moved = *fragment;
     moved.index = moved.id.index = lineFragmentIndex();
     moved.yPosition = m_nextYPosition;
@@ -184,11 +185,9 @@ void LineTypesetter::appendMoved(const LineFragmentReference& fragment) {
 
 void LineTypesetter::removeFragments(std::int64_t first) {
     m_lineFragments.resize(static_cast<std::size_t>(first));
+    m_maximumLineWidths.resize(static_cast<std::size_t>(first));
     m_startOffset = m_lineFragments.empty() ? 0 : m_lineFragments.back()->range.limit();
     m_nextYPosition = m_lineFragments.empty() ? 0 : m_lineFragments.back()->maxY();
-    m_maximumLineWidth = 0;
-    for (const LineFragmentReference& fragment : m_lineFragments)
-        m_maximumLineWidth = std::max(m_maximumLineWidth, fragment->scaledSize.width);
 }
 
 void LineTypesetter::begin(std::shared_ptr<const AttributedString> attributedString) {

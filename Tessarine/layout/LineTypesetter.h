@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace tessarine {
 
@@ -44,7 +45,7 @@ public:
 
     LineFragmentsMap lineFragmentsMap() const { return {m_lineID, 0, lineFragmentIndex()}; }
 
-    double maximumLineWidth() const { return m_maximumLineWidth; }
+    double maximumLineWidth() const { return m_maximumLineWidths.empty() ? 0 : m_maximumLineWidths.back(); }
 
     std::int64_t stringLength() const { return m_stringLength; }
 
@@ -96,7 +97,7 @@ private:
 
     std::int64_t firstFragmentToldBy(std::int64_t location) const;
     void append(LineFragmentReference fragment);
-    void appendMoved(const LineFragmentReference& fragment);
+    void appendMoved(LineFragmentReference fragment);
     void removeFragments(std::int64_t first);
     void begin(std::shared_ptr<const AttributedString> attributedString);
     void endIfAtEnd();
@@ -113,7 +114,7 @@ private:
 
     // How far it has come.
     LineFragments m_lineFragments;
-    double m_maximumLineWidth = 0;
+    std::vector<double> m_maximumLineWidths; // of the rows up to each
     std::int64_t m_startOffset = 0;
     double m_nextYPosition = 0;
 };
