@@ -1,5 +1,6 @@
 #include "Quillet/core/DataDirectory.h"
 #include "app/AppDelegate.h"
+#include "app/DesktopApplication.h"
 #include "app/SingleInstance.h"
 #include "app/TerminationSignals.h"
 #include "platform/cloud/ServerEnvironment.h"
@@ -16,7 +17,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillet"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLET_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("quillet"));
+    QApplication::setDesktopFileName(QStringLiteral("app.quillet.Quillet"));
 
     quillet::SingleInstance instance(quillet::dataDirectory());
     if (instance.isAnotherRunning()) {
@@ -26,6 +27,7 @@ int main(int argc, char** argv) {
     quillet::AppDelegate delegate;
     delegate.didFinishLaunching();
     instance.setOnActivate([&delegate] { delegate.activate(); });
+    const quillet::DesktopApplication desktopApplication([&delegate] { delegate.activate(); });
     const quillet::TerminationSignals termination([&delegate] {
         delegate.save();
         QApplication::quit();
