@@ -25,10 +25,10 @@ constexpr int pagesInRow = 2;
 
 QImage paintedPages(const std::shared_ptr<const Theme>& theme, UserInterfaceStyle style) {
     const auto sheet = std::make_shared<View>();
-    std::vector<std::unique_ptr<GalleryPage>> pages;
+    std::vector<std::shared_ptr<GalleryPage>> pages;
     for (const GallerySample& sample : gallerySamples) {
         const auto place = static_cast<int>(pages.size());
-        pages.push_back(std::make_unique<GalleryPage>(sample, theme, pageSize));
+        pages.push_back(GalleryPage::create(sample, theme, pageSize));
         pages.back()->view()->setFrame({.x = place % pagesInRow * pageSize.width,
                                         .y = place / pagesInRow * pageSize.height,
                                         .width = pageSize.width,
