@@ -8,7 +8,6 @@
 
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace tessarine {
@@ -37,8 +36,9 @@ public:
     void finishPass(const Rect& containerFrame);
 
 private:
-    CachedHighlightRect highlightRect(const HighlightedRange& range, const LineFragment& row,
-                                      std::int64_t lineLocation, double lineTop) const;
+    std::vector<CachedHighlightRect> highlightRects(const HighlightedRange& range, const LineFragment& row,
+                                                    std::int64_t lineLocation, double lineTop) const;
+    void show(const CachedHighlightRect& rect);
 
     const LayoutGeometry& m_geometry;
     const std::shared_ptr<View> m_highlightsContainerBackgroundView = std::make_shared<View>();
