@@ -13,7 +13,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr std::int64_t guideColumn = 60;
 constexpr double screenScale = 2;
 constexpr std::int64_t tabLength = 4;
 constexpr EdgeInsets textInset{.top = 6, .left = 4, .bottom = 6, .right = 12};
@@ -76,7 +75,6 @@ void GalleryPage::setSettings() {
     m_layout->setScrollViewWidth(m_scrollView->frame().width);
     m_layout->setViewport(m_scrollView->bounds());
     m_pageGuide.setFont(font);
-    m_pageGuide.setColumn(guideColumn);
     m_pageGuide.setTheme(*m_theme);
     m_pageGuide.guideView()->setScreenScale(screenScale);
 }
@@ -107,6 +105,7 @@ void GalleryPage::showRanges(const GallerySample& sample) {
     m_layout->setMarkedRange(rangeOf(sample.marked));
     m_layout->setSelectedRange(selected);
     m_layout->layoutIfNeeded();
+    m_pageGuide.setColumn(sample.guideColumn);
     placePageGuide();
     showSelection(selected);
 }

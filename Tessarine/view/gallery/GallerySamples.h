@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -12,6 +13,7 @@ struct GallerySample {
     std::u16string_view selected;
     std::u16string_view marked;
     std::vector<std::u16string_view> highlighted;
+    std::int64_t guideColumn = 60;
 };
 
 inline const std::vector<GallerySample> gallerySamples{
