@@ -8,7 +8,6 @@
 
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace tessarine {
@@ -39,9 +38,11 @@ public:
     void finishPass(const Rect& containerFrame);
 
 private:
-    CachedHighlightRect highlightRect(const HighlightedRange& highlighted, const TextRange& range,
-                                      const LineFragment& row, std::int64_t lineLocation,
-                                      double lineTop) const;
+    // `inLine` is where the range is by now.
+    std::vector<CachedHighlightRect> highlightRects(const HighlightedRange& highlighted,
+                                                    const TextRange& inLine, const LineFragment& row,
+                                                    double lineTop) const;
+    void show(const CachedHighlightRect& rect);
 
     const LayoutGeometry& m_geometry;
     const std::shared_ptr<View> m_highlightsContainerBackgroundView = std::make_shared<View>();

@@ -160,6 +160,7 @@ private:
     LineController::TypesetAmount visiblePartOf(const Rect& rect, const DocumentLineNode& line) const;
     double moveViewport(double shift);
     void finishPass();
+    void callOffColorsOf(const std::unordered_set<DocumentLineNodeID>& formerLines);
     void layoutLineSelection();
     bool hasNewContentSize();
     void reportContentSize();

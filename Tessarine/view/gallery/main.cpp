@@ -1,8 +1,8 @@
 // Paints a picture of each theme with every sample, for people to look at.
 //   view_gallery FOLDER
 #include "Tessarine/theme/DefaultTheme.h"
-#include "Tessarine/view/ViewPainter.h"
 #include "Tessarine/view/gallery/GalleryPage.h"
+#include "Tessarine/view/gallery/PaintedView.h"
 #include "themes/onedark/OneDarkTheme.h"
 #include "themes/plaintext/PlainTextTheme.h"
 #include "themes/tomorrow/TomorrowTheme.h"
@@ -11,7 +11,6 @@
 #include <QtCore/QDir>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
-#include <QtGui/QPainter>
 
 #include <cstdio>
 
@@ -20,29 +19,23 @@ namespace tessarine {
 namespace {
 
 constexpr Size pageSize{.width = 600, .height = 330};
-constexpr int scale = 2;
+constexpr double scale = 2;
 constexpr int pagesInRow = 2;
 
 QImage paintedPages(const std::shared_ptr<const Theme>& theme, UserInterfaceStyle style) {
     const auto sheet = std::make_shared<View>();
-    std::vector<std::unique_ptr<GalleryPage>> pages;
+    std::vector<std::shared_ptr<GalleryPage>> pages;
     for (const GallerySample& sample : gallerySamples) {
         const auto place = static_cast<int>(pages.size());
-        pages.push_back(std::make_unique<GalleryPage>(sample, theme, pageSize));
+        pages.push_back(GalleryPage::create(sample, theme, pageSize));
         pages.back()->view()->setFrame({.x = place % pagesInRow * pageSize.width,
                                         .y = place / pagesInRow * pageSize.height,
                                         .width = pageSize.width,
                                         .height = pageSize.height});
         sheet->addSubview(pages.back()->view());
     }
-    const QSize size(static_cast<int>(pagesInRow * pageSize.width), static_cast<int>(2 * pageSize.height));
-    QImage image(size * scale, QImage::Format_RGB32);
-    image.setDevicePixelRatio(scale);
-    QPainter painter(&image);
-    ViewPictures pictures;
-    sheet->layoutIfNeeded();
-    ViewPainter(painter, QRegion(QRect(QPoint(), size)), pictures, style).paint(*sheet);
-    return image;
+    sheet->setFrame({.width = pagesInRow * pageSize.width, .height = 2 * pageSize.height});
+    return paintedView(*sheet, scale, style);
 }
 
 template <class EditorTheme>
