@@ -43,7 +43,6 @@
 (command_substitution ["$(" "`" ")"] @punctuation.special)
 (process_substitution ["<(" ">(" ")"] @punctuation.special)
 (arithmetic_expansion ["$((" "$[" "))" "]"] @punctuation.special)
-(command_substitution (command argument: (word) @variable.argument))
 
 ; Keywords
 

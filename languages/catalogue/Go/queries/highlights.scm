@@ -1,7 +1,6 @@
 ; Names
 
 (type_identifier) @property.type
-(package_identifier) @variable.package
 (field_identifier) @property
 (label_name) @property.label
 

@@ -43,7 +43,6 @@
 (binary_expression operator: "instanceof" right: (name) @property.type)
 (namespace_use_clause (name) @property.type)
 (namespace_use_clause (qualified_name (name) @property.type))
-(namespace_name (name) @variable.namespace)
 (use_list (use_as_clause (name) @function.method))
 (use_instead_of_clause (class_constant_access_expression (name) (name) @function.method.trait))
 ((class_constant_access_expression (_) (name) @keyword.class.name)
