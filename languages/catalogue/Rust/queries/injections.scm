@@ -11,7 +11,5 @@
                            (raw_string_literal (string_content) @content)]))
   (#eq? @language "Regex"))
 
-((line_comment) @comment
-  (#match? @comment "(TODO|FIXME|XXX|HACK|NOTE)"))
-((block_comment) @comment
+([(line_comment) (block_comment)] @comment
   (#match? @comment "(TODO|FIXME|XXX|HACK|NOTE)"))
