@@ -70,6 +70,7 @@
 
 (unary_expression "!" @operator)
 (binary_expression ["<" ">"] @operator)
+(token_tree ["<" ">" "!" "#"] @operator)
 (never_type) @keyword.type
 (token_repetition ["$" "*" "+"] @operator)
 (token_repetition_pattern ["$" "*" "+" "?"] @operator)
