@@ -26,8 +26,7 @@ Break lineBreak(Language language, std::u16string text) {
     static const auto provider = std::make_shared<const CatalogueLanguageProvider>();
     SampleDocument document(text, treeSitterLanguage(language), provider);
     document.parse();
-    const LinePosition position =
-        document.lineManager->linePosition(static_cast<std::int64_t>(at)).value();
+    const LinePosition position = document.lineManager->linePosition(static_cast<std::int64_t>(at)).value();
     return document.mode->strategyForInsertingLineBreak(position, position, IndentStrategy::space(2));
 }
 
