@@ -13,6 +13,7 @@ struct UnmatchedPattern {
 };
 
 inline constexpr UnmatchedPattern unmatchedPatterns[] = {
+    {"(plus_metadata) @toml", "the sample has its metadata in YAML"},
     {"(erroneous_end_tag_name) @variable.builtin.error", "samples have no errors"},
 };
 
