@@ -5,7 +5,7 @@
 #include "Tessarine/view/QtTextMeasurer.h"
 #include "Tessarine/view/QtTextShaper.h"
 #include "Tessarine/view/QtTimerScheduler.h"
-#include "Tessarine/view/gallery/GalleryLanguages.h"
+#include "languages/catalogue/CatalogueLanguageProvider.h"
 
 #include <utility>
 
@@ -25,8 +25,8 @@ TextViewState stateOf(const GallerySample& sample, const std::shared_ptr<const T
                       const TextMeasurer& measurer) {
     TextStore text(sample.text);
     if (sample.language.empty()) return {std::move(text), theme, measurer};
-    const auto languages = std::make_shared<const GalleryLanguages>();
-    const TreeSitterLanguageMode mode(languages->treeSitterLanguage(sample.language), languages);
+    const auto provider = std::make_shared<const languages::CatalogueLanguageProvider>();
+    const TreeSitterLanguageMode mode(provider->treeSitterLanguage(sample.language), provider);
     return {std::move(text), theme, measurer, mode, std::make_shared<QtMainExecutor>()};
 }
 
@@ -100,14 +100,13 @@ void GalleryPage::showRanges(const GallerySample& sample) {
     for (const std::u16string_view part : sample.highlighted)
         highlights.push_back(std::make_shared<const HighlightedRange>(HighlightedRange{
             .range = rangeOf(part), .color = highlightColor, .cornerRadius = highlightRadius}));
-    const TextRange selected = rangeOf(sample.selected);
     m_layout->setHighlightedRanges(highlights);
-    m_layout->setMarkedRange(rangeOf(sample.marked));
-    m_layout->setSelectedRange(selected);
+    if (!sample.marked.empty()) m_layout->setMarkedRange(rangeOf(sample.marked));
+    if (!sample.selected.empty()) m_layout->setSelectedRange(rangeOf(sample.selected));
     m_layout->layoutIfNeeded();
     m_pageGuide.setColumn(sample.guideColumn);
     placePageGuide();
-    showSelection(selected);
+    if (!sample.selected.empty()) showSelection(rangeOf(sample.selected));
 }
 
 void GalleryPage::placePageGuide() {
