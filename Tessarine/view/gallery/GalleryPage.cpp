@@ -69,7 +69,6 @@ void GalleryPage::setSettings() {
     m_layout->setTextContainerInset(textInset);
     m_input->setIndentFont(font);
     m_input->setIndentStrategy(IndentStrategy::tab(tabLength));
-    m_layout->setInvisibleCharacterConfiguration(invisibles());
     m_layout->setLineSelectionDisplayType(LineSelectionDisplayType::line);
     m_layout->setEditing(true);
     m_layout->setScrollViewWidth(m_scrollView->frame().width);
@@ -79,12 +78,12 @@ void GalleryPage::setSettings() {
     m_pageGuide.guideView()->setScreenScale(screenScale);
 }
 
-std::shared_ptr<InvisibleCharacterConfiguration> GalleryPage::invisibles() const {
+std::shared_ptr<InvisibleCharacterConfiguration> GalleryPage::invisibles(bool showsSpaces) const {
     auto configuration = std::make_shared<InvisibleCharacterConfiguration>(m_measurer);
     configuration->setFont(m_theme->font());
     configuration->setTextColor(m_theme->invisibleCharactersColor());
     configuration->setShowTabs(true);
-    configuration->setShowSpaces(true);
+    configuration->setShowSpaces(showsSpaces);
     configuration->setShowNonBreakingSpaces(true);
     configuration->setShowLineBreaks(true);
     configuration->setShowSoftLineBreaks(true);
@@ -92,6 +91,7 @@ std::shared_ptr<InvisibleCharacterConfiguration> GalleryPage::invisibles() const
 }
 
 void GalleryPage::showDocument(const GallerySample& sample) {
+    m_layout->setInvisibleCharacterConfiguration(invisibles(sample.showsSpaces));
     m_input->setState(stateOf(sample, m_theme, *m_measurer));
 }
 

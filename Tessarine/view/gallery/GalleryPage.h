@@ -33,7 +33,7 @@ private:
     void showRanges(const GallerySample& sample);
     void placePageGuide();
     void showSelection(const TextRange& range);
-    std::shared_ptr<InvisibleCharacterConfiguration> invisibles() const;
+    std::shared_ptr<InvisibleCharacterConfiguration> invisibles(bool showsSpaces) const;
     TextRange rangeOf(std::u16string_view part) const;
 
     const std::shared_ptr<const Theme> m_theme;

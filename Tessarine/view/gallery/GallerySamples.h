@@ -14,6 +14,7 @@ struct GallerySample {
     std::u16string_view marked;
     std::vector<std::u16string_view> highlighted;
     std::int64_t guideColumn = 60;
+    bool showsSpaces = true;
 };
 
 inline const std::vector<GallerySample> gallerySamples{

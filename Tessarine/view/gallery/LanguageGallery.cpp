@@ -37,7 +37,8 @@ QImage besideEachOther(const QImage& left, const QImage& right) {
 
 bool savePicture(const languages::CatalogueEntry& entry, const QDir& folder) {
     const std::u16string text = languages::sampleOf(entry);
-    const GallerySample sample{.language = entry.name, .text = text, .guideColumn = 100};
+    const GallerySample sample{
+        .language = entry.name, .text = text, .guideColumn = 100, .showsSpaces = false};
     const QString name = QString::fromLatin1(entry.name.data(), static_cast<qsizetype>(entry.name.size()));
     return besideEachOther(paintedPage(sample, std::make_shared<const themes::TomorrowTheme>()),
                            paintedPage(sample, std::make_shared<const themes::OneDarkTheme>()))
