@@ -26,14 +26,21 @@ public:
     // To a place that a pointer has chosen.
     void moveTo(std::int64_t location, SelectionMode mode);
 
-    // The pieces that several clicks take; of a line its break is one.
+    // The head may lie in front of the anchor. Also without a selection.
+    void select(std::int64_t anchor, std::int64_t head);
+
+    // The pieces that several clicks take; of a line its break is one. Also without a selection.
     void selectWordAt(std::int64_t location);
     void selectLineAt(std::int64_t location);
     void selectAll();
 
-    // Keeps the anchor's piece and extends by pieces to where the pointer is.
+    // Keeps the piece that was selected last and extends by pieces to where the pointer is.
     void extendByWordsTo(std::int64_t location);
     void extendByLinesTo(std::int64_t location);
+
+    // These pieces.
+    TextRange wordRange(std::int64_t location) const;
+    TextRange lineRange(std::int64_t location) const;
 
     std::int64_t anchor() const { return selection().anchor; }
 
@@ -55,12 +62,11 @@ private:
     };
 
     Selection selection() const;
-    void select(std::int64_t anchor, std::int64_t head);
+    void selectPiece(const TextRange& piece);
     void extendTo(const TextRange& piece);
     std::int64_t destination(CaretMovement movement, SelectionMode mode);
     std::int64_t lineStart(std::int64_t location) const;
     std::int64_t lineEnd(std::int64_t location);
-    TextRange lineAt(std::int64_t location) const;
 
     const StringView& text() const { return *m_textInputView.document().stringView; }
 

@@ -87,6 +87,13 @@ public:
     // Brought into the range that one can scroll over.
     void setContentOffset(const Point& offset);
 
+    // The range that one can scroll over.
+    Point minimumContentOffset() const;
+    Point maximumContentOffset() const;
+
+    // Of a row that has not been laid out.
+    double lineHeight() const;
+
     // From the corner of the view to the content.
     Point contentPoint(const Point& pointInView) const;
 
@@ -138,6 +145,14 @@ public:
     void deleteBackward() { deleteText(TextDeletion::backward); }
 
     void replace(const TextRange& range, std::u16string_view text);
+
+    // In place of the selection, as an undo step of its own and without a part of character pairs in it.
+    void paste(std::u16string_view text);
+
+    // For dragging within the view: one undo step; the text is selected where it comes to stand. The place is
+    // one of the text as it is; inside of the range nothing happens.
+    void moveText(const TextRange& range, std::int64_t location);
+
     void shiftLeft();
     void shiftRight();
     void moveSelectedLinesUp();
