@@ -20,7 +20,9 @@ set(below_platform/foundation)
 set(below_examples Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document
     Tessarine/theme Tessarine/base themes languages)
 set(below_themes Tessarine/theme Tessarine/base)
-set(below_languages Tessarine/document Tessarine/base)
+set(below_languages/catalogue languages/grammars Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base
+    themes)
+set(below_languages/grammars Tessarine/document Tessarine/base)
 # The grammars are a table of foreign parsers, which only tests and benchmarks look into.
 set(below_Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document
     Tessarine/theme Tessarine/base themes languages/grammars)
@@ -35,9 +37,10 @@ set(below_Tessarine/base)
 
 set(checked 0)
 foreach(folder app account Quillet/screens Quillet/browsing Quillet/controls Halcyonix Quillet/cloud Quillet/core
-        platform/screens platform/highlightr platform/mirror platform/cloud platform/store platform/foundation examples
-        languages themes Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme
-        Tessarine/base)
+        platform/screens platform/highlightr platform/mirror platform/cloud platform/store platform/foundation
+        examples languages/catalogue languages/grammars themes
+        Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document
+        Tessarine/theme Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
   foreach(source ${sources})
     file(STRINGS ${ROOT}/${source} includes REGEX "^#include \"")
