@@ -25,6 +25,12 @@
 (template_function name: (identifier) @function)
 (template_method name: (field_identifier) @function.method)
 
+((template_function name: (identifier) @keyword)
+  (#match? @keyword "^(const|dynamic|reinterpret|static)_cast$"))
+
+((namespace_identifier) @property.type
+  (#match? @property.type "^[A-Z].*[a-z]"))
+
 ; Attributes
 
 (attribute name: (identifier) @property.annotation)
@@ -39,11 +45,10 @@
 ["and" "bitand" "bitor" "compl" "not" "not_eq" "or" "xor" "and_eq" "or_eq" "xor_eq"] @keyword.operator
 
 (default_method_clause "default" @keyword)
-(pure_virtual_clause) @number
 
 ; Operators and punctuation
 
-["<=>" ".*" "->*"] @operator
+["<=>" ".*"] @operator
 "::" @punctuation.delimiter
 (template_argument_list ["<" ">"] @punctuation.bracket.template)
 (template_parameter_list ["<" ">"] @punctuation.bracket.template)
