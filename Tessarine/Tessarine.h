@@ -6,7 +6,7 @@
 #include "Tessarine/document/search/MatchFinder.h"
 #include "Tessarine/document/search/ReplaceAll.h"
 #include "Tessarine/document/search/SearchController.h"
-#include "Tessarine/editing/TextEditHelper.h"
+#include "Tessarine/editing/TextInputView.h"
 #include "Tessarine/editing/TextViewState.h"
 #include "Tessarine/syntax/PlainTextLanguageMode.h"
 #include "Tessarine/syntax/TreeSitterLanguageMode.h"
