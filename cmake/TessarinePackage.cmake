@@ -26,6 +26,15 @@ function(tessarine_component component)
   set_property(GLOBAL APPEND PROPERTY TESSARINE_INSTALLED ${ARGN})
 endfunction()
 
+# tessarine_licence(component name text): the licence of what others wrote and the component's libraries contain. Nothing is
+# installed where its package has no text, which the notices say then.
+function(tessarine_licence component name text)
+  file(GLOB found ${text}*)
+  if(found)
+    install(FILES ${found} RENAME ${name} DESTINATION ${tessarine_documents}/licences COMPONENT Tessarine${component})
+  endif()
+endfunction()
+
 # tessarine_package(): to be called once all components are known.
 function(tessarine_package)
   get_property(components GLOBAL PROPERTY TESSARINE_COMPONENTS)
