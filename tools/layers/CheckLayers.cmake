@@ -21,12 +21,14 @@ set(below_platform/foundation)
 set(below_examples/embed Tessarine/TessarineView.h themes languages)
 set(below_examples/terminal Tessarine/Tessarine.h themes languages)
 set(below_Tessarine/TessarineView.h Tessarine/Tessarine.h Tessarine/view)
-set(below_Tessarine/Tessarine.h Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme)
+set(below_Tessarine/Tessarine.h Tessarine/textview Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme)
 set(below_themes Tessarine/theme Tessarine/base)
 set(below_languages Tessarine/document Tessarine/base)
 # The grammars are a table of foreign parsers, which only tests and benchmarks look into.
-set(below_Tessarine/view Tessarine/layout Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base themes
-    languages/grammars)
+set(below_Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document
+    Tessarine/theme Tessarine/base themes languages/grammars)
+set(below_Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme
+    Tessarine/base languages/grammars)
 set(below_Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
 set(below_Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
 set(below_Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
@@ -38,7 +40,8 @@ set(checked 0)
 foreach(folder app account Quillet/screens Quillet/browsing Quillet/controls Halcyonix Quillet/cloud Quillet/core
         platform/screens platform/highlightr platform/mirror platform/cloud platform/store platform/foundation languages themes
         examples/terminal Tessarine/Tessarine.h
-        Tessarine/view Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base)
+        Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme
+        Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
   if(folder MATCHES "\\.h$")
     set(sources ${folder})
