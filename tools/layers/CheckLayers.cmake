@@ -23,7 +23,9 @@ set(below_examples/terminal Tessarine/Tessarine.h themes languages)
 set(below_Tessarine/TessarineView.h Tessarine/Tessarine.h Tessarine/view)
 set(below_Tessarine/Tessarine.h Tessarine/textview Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme)
 set(below_themes Tessarine/theme Tessarine/base)
-set(below_languages Tessarine/document Tessarine/base)
+set(below_languages/catalogue languages/grammars Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base
+    themes)
+set(below_languages/grammars Tessarine/document Tessarine/base)
 # The grammars are a table of foreign parsers, which only tests and benchmarks look into.
 set(below_Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document
     Tessarine/theme Tessarine/base themes languages/grammars)
@@ -38,7 +40,8 @@ set(below_Tessarine/base)
 
 set(checked 0)
 foreach(folder app account Quillet/screens Quillet/browsing Quillet/controls Halcyonix Quillet/cloud Quillet/core
-        platform/screens platform/highlightr platform/mirror platform/cloud platform/store platform/foundation languages themes
+        platform/screens platform/highlightr platform/mirror platform/cloud platform/store platform/foundation
+        languages/catalogue languages/grammars themes
         examples/terminal Tessarine/Tessarine.h
         Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme
         Tessarine/base)

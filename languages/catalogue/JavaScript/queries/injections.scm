@@ -1,0 +1,4 @@
+((comment) @jsdoc
+  (#match? @jsdoc "^/\\*\\*[^*/]"))
+
+(regex_pattern) @regex

@@ -1,0 +1,41 @@
+#pragma once
+
+namespace tessarine::languages {
+
+// The languages that the catalogue has, in the order of its table. JavaScriptJSX is JavaScript with tags in
+// it.
+enum class Language {
+    Bash,
+    C,
+    CPP,
+    CSS,
+    CSharp,
+    Elixir,
+    Elm,
+    Go,
+    HTML,
+    JSDoc,
+    JSON,
+    Java,
+    JavaScript,
+    JavaScriptJSX,
+    LaTeX,
+    Lua,
+    Markdown,
+    OCaml,
+    PHP,
+    Python,
+    R,
+    Regex,
+    Ruby,
+    Rust,
+    SCSS,
+    Svelte,
+    Swift,
+    TOML,
+    TSX,
+    TypeScript,
+    YAML,
+};
+
+} // namespace tessarine::languages
