@@ -1,4 +1,4 @@
-// Prints a file of C in colours, and replaces in it whatever a regular expression finds:
+// Prints a file in colours, and replaces in it whatever a regular expression finds:
 //
 //     colours FILE [PATTERN REPLACEMENT]
 //
@@ -9,24 +9,15 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <languages/grammars/Grammars.h>
+#include <languages/catalogue/Catalogue.h>
+#include <languages/catalogue/CatalogueLanguageProvider.h>
+#include <languages/catalogue/LanguageNames.h>
+#include <languages/catalogue/QueryBundles.h>
 #include <themes/onedark/OneDarkTheme.h>
 
 using namespace tessarine;
 
 namespace {
-
-// A language is a grammar and a query that names what its nodes are.
-std::shared_ptr<const TreeSitterLanguage> languageC() {
-    return std::make_shared<TreeSitterLanguage>(languages::grammarNamed("C"), TreeSitterLanguage::Query(R"(
-        (comment) @comment
-        [(string_literal) (char_literal)] @string
-        (number_literal) @number
-        (primitive_type) @keyword
-        ["return" "if" "else" "for" "while" "struct"] @keyword
-        (call_expression function: (identifier) @function)
-    )"));
-}
 
 TextStore decoded(std::string_view bytes) {
     return decodeText(std::as_bytes(std::span(bytes))).text;
@@ -49,6 +40,15 @@ void print(const AttributedString& line) {
         print(TextStore(line.substring(run.range)));
     }
     std::cout << "\033[0m";
+}
+
+TextViewState opened(const std::string& name, TextStore text, std::shared_ptr<const Theme> theme,
+                     const TextMeasurer& measurer) {
+    const auto language = languages::languageOfFile(name);
+    if (!language) return {std::move(text), std::move(theme), measurer};
+    const TreeSitterLanguageMode mode(languages::treeSitterLanguage(*language),
+                                      std::make_shared<languages::CatalogueLanguageProvider>());
+    return {std::move(text), std::move(theme), measurer, mode, std::make_shared<NoMainLoop>()};
 }
 
 // One undoable edit, after which the syntax is that of the new text.
@@ -87,12 +87,12 @@ int main(int argc, char** argv) {
     }
     const std::string bytes{std::istreambuf_iterator(file), {}};
 
+    languages::setQueryBundlesFolder(QUERIES);
     const auto theme = std::make_shared<themes::OneDarkTheme>();
     const auto measurer = std::make_shared<CellMeasurer>();
     const auto view =
         TextInputView::create(std::make_shared<NoLayout>(), std::make_shared<NoTimers>(), measurer);
-    view->setState(TextViewState(decoded(bytes), theme, *measurer, TreeSitterLanguageMode(languageC()),
-                                 std::make_shared<NoMainLoop>()));
+    view->setState(opened(argv[1], decoded(bytes), theme, *measurer));
 
     if (argc == 4 && !replaceAll(*view, argv[2], argv[3])) return 1;
     printLines(view->document(), theme);
