@@ -13,8 +13,9 @@ function(check_page page text)
   endif()
 endfunction()
 
-# A comment in front of a class, of a function, behind a member, and of a file.
+# A comment in front of a class, of a function, behind a member, of a file, and a heading.
 check_page(classtessarine_1_1TextSnapshot.html "A text as it was at one moment")
 check_page(classtessarine_1_1TextSnapshot.html "The longest contiguous run around")
 check_page(structtessarine_1_1SearchResult.html "a UUID of its own")
 check_page(SemanticColors_8h.html "Colours by what they are for")
+check_page(classtessarine_1_1TextView.html "What shows on screen")
