@@ -18,6 +18,7 @@ set(tessarine_source_names $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_
 function(tessarine_component component)
   foreach(target ${ARGN})
     target_compile_options(${target} PRIVATE ${tessarine_source_names})
+    set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
   endforeach()
   install(TARGETS ${ARGN} EXPORT Tessarine${component}Targets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Tessarine${component}
