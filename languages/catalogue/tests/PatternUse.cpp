@@ -41,11 +41,12 @@ bool PatternUse::has(const TreeSitterQuery& query, std::uint32_t pattern) const 
     return used != m_used.end() && used->second.contains(pattern);
 }
 
-std::string patternSource(const TreeSitterQuery& query, const std::string& source, std::uint32_t pattern) {
-    const std::uint32_t start = ts_query_start_byte_for_pattern(query.pointer(), pattern);
-    const std::uint32_t end = ts_query_end_byte_for_pattern(query.pointer(), pattern);
+std::string patternSource(const TreeSitterQuery& query, const std::string& source, std::uint32_t index) {
+    const std::uint32_t start = ts_query_start_byte_for_pattern(query.pointer(), index);
+    const std::uint32_t end = ts_query_end_byte_for_pattern(query.pointer(), index);
+    const std::string pattern = source.substr(start, end - start);
     std::string text;
-    for (const char c : source.substr(start, end - start))
+    for (const char c : pattern.substr(0, pattern.find("\n;"))) // a comment behind it
         if (c != '\n' && (c != ' ' || text.empty() || text.back() != ' ')) text += c;
     return text;
 }

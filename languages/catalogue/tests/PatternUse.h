@@ -25,6 +25,6 @@ private:
 };
 
 // The source of a pattern, in one line.
-std::string patternSource(const TreeSitterQuery& query, const std::string& source, std::uint32_t pattern);
+std::string patternSource(const TreeSitterQuery& query, const std::string& source, std::uint32_t index);
 
 } // namespace tessarine::languages

@@ -1,7 +1,7 @@
 ; Names
 
 ((identifier) @property.type
-  (#match? @property.type "^[A-Z]"))
+  (#match? @property.type "^[A-Z].*[a-z]"))
 
 ((identifier) @number @constant
   (#match? @constant "^[A-Z][A-Z0-9_]+$"))
