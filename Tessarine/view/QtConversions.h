@@ -31,4 +31,17 @@ inline QString toQt(std::u16string_view text) {
     return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
+inline Point fromQt(const QPointF& point) {
+    return {.x = point.x(), .y = point.y()};
+}
+
+inline Size fromQt(const QSizeF& size) {
+    return {.width = size.width(), .height = size.height()};
+}
+
+// Of the string's own units.
+inline std::u16string_view fromQt(const QString& text) {
+    return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
+}
+
 } // namespace tessarine
