@@ -14,7 +14,7 @@ enum class CaretMovement : std::uint8_t {
     down,
     pageUp,
     pageDown,
-    lineStart, // the first character that is no blank; from there, and in blanks, the start of the line
+    lineStart, // the first character that is no blank; from there or from within the blanks the line's start
     lineEnd,   // the end of the row, from there the end of the line
     documentStart,
     documentEnd
@@ -22,7 +22,7 @@ enum class CaretMovement : std::uint8_t {
 
 // What becomes of a selection then.
 enum class SelectionMode : std::uint8_t {
-    move,  // none is left; without words and rows, a step goes to that end of it
+    move,  // none is left; a step left or right goes to that end of it
     extend // its other end stays
 };
 

@@ -21,8 +21,6 @@ public:
     void setKeyboardHeight(double height);
 
 private:
-    void tell(double oldHeight) const;
-
     std::weak_ptr<KeyboardObserverDelegate> m_delegate;
     double m_keyboardHeight = 0;
 };

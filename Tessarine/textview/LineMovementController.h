@@ -39,7 +39,7 @@ public:
 private:
     // A place to go on from: a row, and how far in it the step keeps.
     struct Place {
-        DocumentLineNode& line;
+        DocumentLineNode* line; // never null
         std::int64_t fragmentIndex;
         std::int64_t column;
     };

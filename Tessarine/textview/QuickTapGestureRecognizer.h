@@ -38,7 +38,7 @@ private:
     const std::shared_ptr<TimerScheduler> m_timerScheduler;
     const std::function<void()> m_action;
     std::chrono::duration<double> m_maximumPressDuration{0.3};
-    State m_state = State::failed;
+    State m_state = State::failed;                 // of the last touch
     std::unique_ptr<ScheduledTimer> m_cancelTimer; // runs while a touch may be a tap
 };
 

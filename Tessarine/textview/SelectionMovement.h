@@ -62,22 +62,22 @@ private:
     };
 
     Selection selection() const;
+    void apply(std::int64_t anchor, std::int64_t head);
     void selectPiece(const TextRange& piece);
     void extendTo(const TextRange& piece);
-    std::int64_t destination(CaretMovement movement, SelectionMode mode);
+    std::int64_t destination(CaretMovement movement, std::int64_t location);
     std::int64_t lineStart(std::int64_t location) const;
     std::int64_t lineEnd(std::int64_t location);
+    std::int64_t inText(std::int64_t location) const;
+    const DocumentLineNode& lineContaining(std::int64_t location) const;
 
     const StringView& text() const { return *m_textInputView.document().stringView; }
 
-    LineManager& lines() const { return *m_textInputView.document().lineManager; }
-
     TextInputView& m_textInputView;
-    LayoutManager& m_layoutManager;
     RowMovement m_rowMovement;
 
     Selection m_selection; // counts as long as the view's range is the same
-    TextRange m_piece;     // that the anchor holds when selecting by words or lines
+    TextRange m_piece;     // what was selected at once, before it was extended
 };
 
 } // namespace tessarine

@@ -15,7 +15,7 @@ namespace tessarine {
 
 // Tells an input system where characters, words and lines begin and end. Words are those of WordMovement.
 //
-// Positions outside of the document have no answer. Up and down have none either. Thread: the main one.
+// Positions outside of the document have no answer, nor have up and down. Thread: the main one.
 class TextInputStringTokenizer {
 public:
     TextInputStringTokenizer(std::shared_ptr<const StringView> stringView,
@@ -23,15 +23,15 @@ public:
         : m_stringView(std::move(stringView))
         , m_lineManager(std::move(lineManager)) {}
 
-    // Whether a unit ends there, seen in the direction.
+    // Whether a unit ends there, for whoever goes in that direction.
     bool isPositionAtBoundary(const TextPosition& position, TextGranularity granularity,
                               TextDirection direction) const;
 
-    // Where the unit ends that one stands in; of words and characters always further on.
+    // The next such place; in a line also where one is.
     IndexedPositionReference positionToBoundary(const TextPosition& position, TextGranularity granularity,
                                                 TextDirection direction) const;
 
-    // Whether there is a unit on that side.
+    // Whether there is a unit on that side of the position.
     bool isPositionWithinTextUnit(const TextPosition& position, TextGranularity granularity,
                                   TextDirection direction) const;
 
@@ -40,12 +40,12 @@ public:
                                                  TextDirection direction) const;
 
 private:
-    bool isInDocument(std::int64_t location) const;
-    std::optional<TextRange> unitAt(std::int64_t location, TextGranularity granularity,
-                                    TextDirection direction) const;
+    enum class Side : std::uint8_t { before, behind };
+
+    static std::optional<Side> sideIn(TextDirection direction);
+    std::optional<std::int64_t> locationOf(const TextPosition& position) const;
+    std::optional<TextRange> unitBeside(std::int64_t location, Side side, TextGranularity granularity) const;
     TextRange lineContent(std::int64_t location) const;
-    std::optional<TextRange> rangeEnclosing(const TextPosition& position, TextGranularity granularity,
-                                            TextDirection direction) const;
 
     std::shared_ptr<const StringView> m_stringView;
     std::shared_ptr<const LineManager> m_lineManager;

@@ -173,7 +173,7 @@ public:
     const std::optional<TextRange>& markedRange() const { return m_textInputView->markedRange(); }
 
     // In place of the marked range, else of the selection. What is selected counts from the text's start.
-    void setMarkedText(std::u16string_view text, const TextRange& selectedRange);
+    void setMarkedText(std::u16string_view text, const TextRange& selectedInText);
     void unmarkText();
 
     // ---- The selection.
@@ -213,7 +213,7 @@ public:
     TextInputPositions positions() const;
     TextInputStringTokenizer tokenizer() const;
 
-    const LineMovementController& lineMovementController() const { return *m_lineMovementController; }
+    const LineMovementController& lineMovementController() const { return m_lineMovementController; }
 
     // ---- Scrolling.
 
@@ -242,7 +242,7 @@ public:
     void updateFloatingCursor(const Point& point);
     void endFloatingCursor();
 
-    bool hasFloatingCursor() const { return m_floatingCursorPoint.has_value(); }
+    bool hasFloatingCursor() const { return m_hasFloatingCursor; }
 
     // ---- Search. An editor that searches while the user types: MatchFinder on a snapshot.
 
@@ -260,7 +260,8 @@ public:
 
     void setHighlightedRangeLoopingMode(HighlightedRangeLoopingMode mode);
 
-    // Selected and scrolled to. An index outside of the list stops the program.
+    // As if the user went there: editing begins, and the range is selected and scrolled to. An index outside
+    // of the list stops the program.
     void selectPreviousHighlightedRange();
     void selectNextHighlightedRange();
     void selectHighlightedRange(std::int64_t index);
@@ -366,6 +367,9 @@ private:
     bool textInputViewShouldInsertCharacterPair(const CharacterPair& pair, const TextRange& range) override;
     bool textInputViewShouldSkipTrailingComponent(const CharacterPair& pair, const TextRange& range) override;
     void textInputViewScrollToVisible(std::int64_t location) override;
+    void textInputViewDidReplace(const TextRange& range, std::u16string_view oldText,
+                                 std::u16string_view newText) override;
+    void textInputViewDidExchangeText() override;
     void textInputViewDidChange() override;
     void textInputViewDidChangeSelection() override;
 
@@ -386,28 +390,47 @@ private:
 
     const LayoutContext& layoutContext() const { return m_layoutManager->context(); }
 
-    void documentDidChange();
+    void addViews();
+    void showTheme();
+    void showHairlines();
+    void didParse(const std::shared_ptr<InternalLanguageMode>& languageMode);
     void finishEditing();
-    void moveSelectedLines(std::int64_t offset, std::string_view undoActionName);
 
-    void setCoveredHeight(double height);
+    template <class Work>
+    void edit(Work work);
+    void syncMarkedRange();
+    void tellOfReplacements(TextViewHost& host);
+
     void viewportDidChange();
-    void updateContentSize();
-    void scrollTo(const Point& offset);
-    void scrollToVisible(std::int64_t location);
-    void scrollRectToVisible(const Rect& rect);
-    void tellHostOfScrolling();
+    void setCoveredHeight(double height);
+    void updateContentSize(const Size& size);
     void setNeedsSelectionLayout();
     void layoutSelection();
     void layoutPageGuide();
-    void syncMarkedRange();
+    void scrollToVisible(std::int64_t location);
+    Point offsetShowing(const Rect& rect) const;
+    void showFloatingCaret(const Point& point);
+
+    SearchController searchController() const;
+    void forgetHighlightedRanges();
     std::shared_ptr<const HighlightedRange> selectedHighlightedRange() const;
 
     template <class Tell>
-    void tellHost(Tell tell) const;
+    void tellHost(Tell tell) const {
+        if (const auto host = m_host.lock()) tell(*host);
+    }
+
+    struct UntoldReplacement {
+        TextRange range;
+        std::u16string oldText;
+        std::u16string newText;
+    };
 
     std::weak_ptr<TextViewDelegate> m_editorDelegate;
     std::weak_ptr<TextViewHost> m_host;
+    std::vector<UntoldReplacement> m_untoldReplacements;
+    bool m_hasUntoldExchange = false;
+
     const std::shared_ptr<MainExecutor> m_mainExecutor;
     const std::shared_ptr<const TextMeasurer> m_textMeasurer;
 
@@ -420,23 +443,25 @@ private:
     SelectionLayout m_selectionLayout;
 
     const std::shared_ptr<LaidOutRows> m_rows;
-    const std::unique_ptr<LineMovementController> m_lineMovementController;
+    LineMovementController m_lineMovementController;
     SelectionMovement m_movement;
     HighlightNavigationController m_highlightNavigationController;
-    HighlightedRangeLoopingMode m_highlightedRangeLoopingMode = HighlightedRangeLoopingMode::disabled;
     KeyboardObserver m_keyboardObserver;
 
     bool m_isEditing = false;
     bool m_isEditable = true;
     bool m_isSelectable = true;
     bool m_isCaretShown = true;
+    bool m_hasFloatingCursor = false;
     bool m_showPageGuide = false;
-    std::optional<Point> m_floatingCursorPoint;
+    double m_screenScale = 1;
+    HighlightedRangeLoopingMode m_highlightedRangeLoopingMode = HighlightedRangeLoopingMode::disabled;
 
     bool m_isAutomaticScrollEnabled = true;
     EdgeInsets m_automaticScrollInset;
     double m_verticalOverscrollFactor = 0;
     double m_horizontalOverscrollFactor = 0;
+
     Size m_layoutContentSize; // the scroll view's without overscroll
     bool m_hasPendingContentSizeUpdate = false;
     bool m_needsSelectionLayout = true;

@@ -30,6 +30,8 @@ public:
         m_highlightedRanges.setRanges(ranges);
     }
 
+    void textDidChange(const TextReplacement& replacement) { m_highlightedRanges.textDidChange(replacement); }
+
     // A pass tells of the rows that show, line by line, and takes away at its end what it has not come
     // across.
     void layoutLine(const DocumentLineNode& line,
@@ -37,8 +39,9 @@ public:
     void finishPass(const Rect& containerFrame);
 
 private:
-    CachedHighlightRect highlightRect(const HighlightedRange& range, const LineFragment& row,
-                                      std::int64_t lineLocation, double lineTop) const;
+    CachedHighlightRect highlightRect(const HighlightedRange& highlighted, const TextRange& range,
+                                      const LineFragment& row, std::int64_t lineLocation,
+                                      double lineTop) const;
 
     const LayoutGeometry& m_geometry;
     const std::shared_ptr<View> m_highlightsContainerBackgroundView = std::make_shared<View>();
