@@ -13,7 +13,8 @@ struct UnmatchedPattern {
 };
 
 inline constexpr UnmatchedPattern unmatchedPatterns[] = {
-    {"(object_type [\"{|\" \"|}\"] @punctuation.bracket)", "exact objects are of another dialect"},
+    {"(plus_metadata) @toml", "the sample has its metadata in YAML"},
+    {"(erroneous_end_tag_name) @variable.builtin.error", "samples have no errors"},
 };
 
 constexpr bool isListedAsUnmatched(std::string_view source) {

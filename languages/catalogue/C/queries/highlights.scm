@@ -15,7 +15,7 @@
 
 (function_declarator declarator: (identifier) @function)
 (function_declarator declarator: (parenthesized_declarator (pointer_declarator) @function))
-(call_expression function: (identifier) @function)
+(call_expression function: (identifier) @function.call)
 (call_expression function: (field_expression field: (field_identifier) @function.method))
 
 ; Literals

@@ -8,7 +8,7 @@
 (class_name) @number.class
 (id_name) @function.id
 (attribute_name) @property.attribute
-(pseudo_class_selector (class_name) @keyword.pseudo)
+(pseudo_class_selector (class_name) @keyword.pseudo.class)
 (pseudo_element_selector "::" (tag_name) @keyword.pseudo)
 [(from) (to)] @keyword
 (keyframe_block (integer_value) @keyword.pseudo)
@@ -21,7 +21,7 @@
 (feature_name) @property
 
 ((property_name) @variable.builtin
-  (#match? @variable.builtin "^--"))
+  (#match? @variable.builtin "^(--|\\$)"))
 ((plain_value) @variable.builtin
   (#match? @variable.builtin "^--"))
 
@@ -42,10 +42,6 @@
 
 ["~" ">" "+" "-" "*" "/" "=" "^=" "|=" "~=" "$=" "*=" "|"] @operator
 ["(" ")" "[" "]" "{" "}"] @punctuation.bracket
-["," ":" "::" ";" "." "#"] @punctuation.delimiter
-(class_selector "." @number.class)
-(id_selector "#" @function.id)
-(pseudo_class_selector ":" @keyword.pseudo)
-(pseudo_element_selector "::" @keyword.pseudo)
+["," ":" "::" ";" "."] @punctuation.delimiter
 
 (comment) @comment

@@ -17,6 +17,7 @@
 (jsx_namespace_name (identifier) @keyword.tag)
 
 (jsx_attribute (property_identifier) @property.attribute)
+(jsx_attribute (jsx_namespace_name (identifier) @property.attribute.name))
 (jsx_attribute "=" @operator)
 
 (jsx_opening_element ["<" ">"] @punctuation.bracket.tag)

@@ -7,7 +7,7 @@
   (#match? @constant "^[A-Z][A-Z0-9_]+$"))
 
 ((identifier) @variable.builtin
-  (#match? @variable.builtin "^(arguments|console|document|exports|globalThis|module|process|require|window)$"))
+  (#match? @variable.builtin "^(JSON|arguments|console|document|exports|globalThis|module|process|require|window)$"))
 
 [(property_identifier) (private_property_identifier) (shorthand_property_identifier)
  (shorthand_property_identifier_pattern)] @property
@@ -74,8 +74,8 @@
 (hash_bang_line) @comment
 
 (decorator "@" @property.annotation)
-(decorator (identifier) @property.annotation)
-(decorator (call_expression function: (identifier) @property.annotation))
+(decorator (identifier) @property.annotation.name)
+(decorator (call_expression function: (identifier) @property.annotation.name))
 
 ; Operators and punctuation
 

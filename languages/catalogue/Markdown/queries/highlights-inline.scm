@@ -3,6 +3,8 @@
 (strikethrough) @comment.strikethrough
 (emphasis_delimiter) @operator.marker
 
+(html_tag) @keyword.tag
+
 (code_span) @string.code
 (code_span_delimiter) @operator.marker
 (latex_span_delimiter) @operator.marker

@@ -12,7 +12,7 @@
 (indented_code_block) @string.code
 (fenced_code_block_delimiter) @operator.marker
 (info_string) @property.language
-(fenced_code_block . (fenced_code_block_delimiter) . (code_fence_content) @string.code)
+(fenced_code_block . (fenced_code_block_delimiter) . (block_continuation) . (code_fence_content) @string.code)
 
 (link_reference_definition (link_label) @function.link)
 (link_reference_definition ":" @punctuation.delimiter)

@@ -13,8 +13,9 @@
 (public_field_definition
   name: [(property_identifier) (private_property_identifier)] @function.method
   value: (arrow_function))
-(enum_body name: (property_identifier) @number @constant)
-(enum_assignment name: (property_identifier) @number @constant)
+(enum_body name: (property_identifier) @number.member @constant.member)
+(enum_assignment name: (property_identifier) @number.member @constant.member)
+(nested_identifier property: (property_identifier) @property.type)
 (enum_declaration name: (identifier) @property.type)
 
 ; Keywords
@@ -34,7 +35,6 @@
 
 (type_arguments ["<" ">"] @punctuation.bracket.type)
 (type_parameters ["<" ">"] @punctuation.bracket.type)
-(object_type ["{|" "|}"] @punctuation.bracket)
 (template_literal_type "`" @string)
 (template_literal_type (string_fragment) @string)
 (template_type ["${" "}"] @punctuation.special)
