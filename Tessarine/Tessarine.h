@@ -1,4 +1,5 @@
-// What a program needs of the engine to keep, colour, search and edit a text, without a toolkit.
+// What a program needs of the engine to open, colour, search and edit a text, on a toolkit of its own or
+// none. On Qt: TessarineView.h.
 #pragma once
 
 #include "Tessarine/document/TextDecoder.h"
@@ -10,4 +11,6 @@
 #include "Tessarine/editing/TextViewState.h"
 #include "Tessarine/syntax/PlainTextLanguageMode.h"
 #include "Tessarine/syntax/TreeSitterLanguageMode.h"
+#include "Tessarine/textview/TextView.h"
+#include "Tessarine/textview/TextViewDelegate.h"
 #include "Tessarine/theme/DefaultTheme.h"

@@ -1,4 +1,5 @@
 # Installs the package into BUILD/package, looks at what is there, and builds and runs the examples with it alone.
+cmake_minimum_required(VERSION 3.25)
 
 set(prefix ${BUILD}/package/prefix)
 set(moved ${BUILD}/package/moved)
@@ -88,7 +89,22 @@ function(check_terminal_example)
   endif()
 endfunction()
 
+# A window, which leaves a picture of itself: it has the theme's background, a keyword's colour and a comment's.
+function(check_embedding_example)
+  build_example(embed)
+  set(picture ${BUILD}/package/embed.png)
+  file(REMOVE ${picture})
+  run("showing a window" ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${BUILD}/package/embed/embedded-editor ${picture})
+  run("looking at its picture" convert ${picture} -unique-colors txt:-)
+  check_output("#171A20")
+  check_output("#CF97EA")
+  check_output("#9DA4B2")
+endfunction()
+
 install_package()
 check_headers()
 check_no_machine_path()
 check_terminal_example()
+if(View IN_LIST COMPONENTS)
+  check_embedding_example()
+endif()

@@ -42,7 +42,7 @@ set(checked 0)
 foreach(folder app account Quillet/screens Quillet/browsing Quillet/controls Halcyonix Quillet/cloud Quillet/core
         platform/screens platform/highlightr platform/mirror platform/cloud platform/store platform/foundation
         languages/catalogue languages/grammars themes
-        examples/terminal Tessarine/Tessarine.h
+        examples/embed examples/terminal Tessarine/TessarineView.h Tessarine/Tessarine.h
         Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme
         Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
