@@ -21,6 +21,8 @@ int main(int argc, char** argv) {
     textView.scrollView()->setBackgroundColor(theme->backgroundColor());
     textView.setTheme(theme);
     textView.setShowLineNumbers(true);
+    textView.setGutterLeadingPadding(8);
+    textView.setGutterTrailingPadding(8);
     textView.setText(
         u"#include <stdio.h>\n\nint main(void) {\n    puts(\"Hello\"); // edit me\n    return 0;\n}\n");
     editor.resize(640, 400);

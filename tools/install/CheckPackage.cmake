@@ -101,6 +101,18 @@ function(check_embedding_example)
   check_output("#9DA4B2")
 endfunction()
 
+# What is told to be in the example is in it.
+function(check_told file)
+  file(READ ${ROOT}/docs/embedding.md told)
+  file(READ ${ROOT}/examples/embed/${file} text)
+  string(FIND "${told}" "${text}" at)
+  if(at EQUAL -1)
+    message(SEND_ERROR "docs/embedding.md shows another examples/embed/${file}")
+  endif()
+endfunction()
+
+check_told(CMakeLists.txt)
+check_told(main.cpp)
 install_package()
 check_headers()
 check_no_machine_path()

@@ -46,6 +46,7 @@ foreach(folder app account Quillet/screens Quillet/browsing Quillet/controls Hal
         Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme
         Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "/sample\\.[a-z]+$") # what languages are tried on
   if(folder MATCHES "\\.h$")
     set(sources ${folder})
   endif()
