@@ -31,6 +31,7 @@ export function sleep(delay, signal = undefined) {
   });
 }
 
+// TODO(a.lind): https://example.org/shapes
 // Every shape that a class can have.
 export default class Watcher extends EventEmitter {
   static #instances = new Map();

@@ -23,3 +23,5 @@
 
 ((attribute (attribute_name) @name (quoted_attribute_value (attribute_value) @css))
   (#eq? @name "style"))
+
+(comment) @comment

@@ -13,3 +13,5 @@
 (script_element (raw_text) @javascript)
 (style_element (raw_text) @css)
 (svelte_raw_text) @typescript
+
+(comment) @comment
