@@ -89,6 +89,19 @@ function(check_terminal_example)
   endif()
 endfunction()
 
+# Who asks for a widget where there is no Qt is told so.
+function(check_refusal)
+  set(build ${BUILD}/package/refused)
+  file(REMOVE_RECURSE ${build})
+  execute_process(COMMAND ${CMAKE_COMMAND} -S ${ROOT}/examples/embed -B ${build} -G Ninja -DCMAKE_PREFIX_PATH=${moved}
+    -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON
+    RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE output)
+  if(result EQUAL 0)
+    message(SEND_ERROR "a widget was found without Qt")
+  endif()
+  check_output("component View")
+endfunction()
+
 # A window, which leaves a picture of itself: it has the theme's background, a keyword's colour and a comment's.
 function(check_embedding_example)
   build_example(embed)
@@ -117,6 +130,7 @@ install_package()
 check_headers()
 check_no_machine_path()
 check_terminal_example()
+check_refusal()
 if(View IN_LIST COMPONENTS)
   check_embedding_example()
 endif()
