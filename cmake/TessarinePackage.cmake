@@ -10,14 +10,11 @@ set(tessarine_package ${CMAKE_INSTALL_LIBDIR}/cmake/Tessarine)
 set(tessarine_data ${CMAKE_INSTALL_DATADIR}/tessarine)
 set(tessarine_documents ${CMAKE_INSTALL_DATADIR}/doc/tessarine)
 
-# Where nothing is debugged, what is compiled names its sources from the root of the tree, wherever that was.
-set(tessarine_source_names $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
-
 # tessarine_component(component target...): libraries of the component, each known as Tessarine::<its EXPORT_NAME>.
 # What is installed for it is the install component Tessarine<component>; `Core` is what every program gets.
 function(tessarine_component component)
   foreach(target ${ARGN})
-    target_compile_options(${target} PRIVATE ${tessarine_source_names})
+    target_compile_options(${target} PRIVATE ${source_names})
     set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
   endforeach()
   install(TARGETS ${ARGN} EXPORT Tessarine${component}Targets
