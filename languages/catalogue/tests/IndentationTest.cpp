@@ -26,8 +26,7 @@ Break lineBreak(Language language, std::u16string text) {
     static const auto provider = std::make_shared<const CatalogueLanguageProvider>();
     SampleDocument document(text, treeSitterLanguage(language), provider);
     document.parse();
-    const LinePosition position =
-        document.lineManager->linePosition(static_cast<std::int64_t>(at)).value();
+    const LinePosition position = document.lineManager->linePosition(static_cast<std::int64_t>(at)).value();
     return document.mode->strategyForInsertingLineBreak(position, position, IndentStrategy::space(2));
 }
 
@@ -38,6 +37,28 @@ constexpr Case cases[] = {
     {Language::Bash, u"for a in b; do\n  while c; do^\n  done\ndone", {2, false}},
     {Language::Bash, u"f() {^\n}", {1, false}},
     {Language::Bash, u"f() {\n  a^\n}", {1, false}},
+    {Language::C, u"int f(void) {^}", {1, true}},
+    {Language::C, u"int f(void) {\n  if (a) {^\n  }\n}", {2, false}},
+    {Language::C, u"int f(^int a);", {1, false}},
+    {Language::C, u"int a[] = {^\n};", {1, false}},
+    {Language::C, u"int f(void) {\n  a();^\n}", {1, false}},
+    {Language::CSS, u"a {^}", {1, true}},
+    {Language::CSS, u"@media print {\n  a {^\n  }\n}", {2, false}},
+    {Language::CSS, u"a {\n  top: 0;^\n}", {1, false}},
+    {Language::HTML, u"<ul>^</ul>", {1, true}},
+    {Language::HTML, u"<ul>\n  <li>^</li>\n</ul>", {2, true}},
+    {Language::HTML, u"<ul>\n  text^\n</ul>", {1, false}},
+    {Language::JSON, u"{^}", {1, true}},
+    {Language::JSON, u"{\n  \"a\": [^]\n}", {2, true}},
+    {Language::JSON, u"{\n  \"a\": 1,^\n}", {1, false}},
+    {Language::JSON5, u"{^}", {1, true}},
+    {Language::JSON5, u"{\n  a: [^\n  ]\n}", {2, false}},
+    {Language::JavaScriptJSX, u"function f() {^}", {1, true}},
+    {Language::JavaScriptJSX, u"const a = {\n  b: [^]\n};", {2, true}},
+    {Language::JavaScriptJSX, u"f(^\n);", {1, false}},
+    {Language::JavaScriptJSX, u"const a = (\n  <p>^\n  </p>\n);", {2, false}},
+    {Language::JavaScriptJSX, u"switch (a) {^\n}", {1, false}},
+    {Language::JavaScriptJSX, u"class A {\n  b = 1;^\n}", {1, false}},
     {Language::PHP, u"<?php\nfunction f() {^}", {1, true}},
     {Language::PHP, u"<?php\nfunction f() {\n  if ($a) {^\n  }\n}", {2, false}},
     {Language::PHP, u"<?php\n$a = [^];", {1, false}},
@@ -59,6 +80,7 @@ constexpr Case cases[] = {
     {Language::Swift, u"class A {\n  var b: Int {^\n  }\n}", {2, false}},
     {Language::Swift, u"let a = [^]", {1, true}},
     {Language::Swift, u"func f() {\n  a()^\n}", {1, false}},
+    {Language::Go, u"func f() {^}", {0, false}}, // has no scopes
 };
 
 TEST(CatalogueIndentation, IsWhatALineBreakNeeds) {

@@ -56,8 +56,12 @@ std::string contentsOf(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+std::u16string sampleOf(const CatalogueEntry& entry) {
+    return utf16(contentsOf(sampleFile(entry)));
+}
+
 ParsedSample::ParsedSample(const CatalogueEntry& entry)
-    : ParsedSample(entry, utf16(contentsOf(sampleFile(entry)))) {}
+    : ParsedSample(entry, sampleOf(entry)) {}
 
 ParsedSample::ParsedSample(const CatalogueEntry& entry, std::u16string_view text)
     : m_stringView(std::make_shared<StringView>(text))

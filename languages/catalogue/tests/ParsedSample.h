@@ -21,6 +21,8 @@ std::filesystem::path folderOf(const CatalogueEntry& entry);
 // A whole file, as UTF-8. Throws where it cannot be read.
 std::string contentsOf(const std::filesystem::path& file);
 
+std::u16string sampleOf(const CatalogueEntry& entry);
+
 // The sample of a language with all layers, parsed as an editor does.
 class ParsedSample {
 public:
