@@ -9,6 +9,9 @@
 #include <QtCore/QString>
 #include <QtGui/QColor>
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace tessarine {
@@ -29,6 +32,11 @@ inline QColor toQt(const RGBAColor& color) {
 // A copy.
 inline QString toQt(std::u16string_view text) {
     return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+// The toolkit counts in int. A location beyond that becomes the last of these.
+inline int toQt(std::int64_t location) {
+    return static_cast<int>(std::min<std::int64_t>(location, std::numeric_limits<int>::max()));
 }
 
 inline Point fromQt(const QPointF& point) {

@@ -8,17 +8,30 @@
 #include "Tessarine/view/QtTimerScheduler.h"
 #include "Tessarine/view/TextViewUpdates.h"
 #include "Tessarine/view/TextViewport.h"
+#include "Tessarine/view/accessibility/AccessibleTextEvents.h"
+#include "Tessarine/view/accessibility/AccessibleTextView.h"
 #include "Tessarine/view/interaction/CaretBlink.h"
 #include "Tessarine/view/interaction/MouseSelection.h"
 #include "Tessarine/view/interaction/TextClipboard.h"
+#include "Tessarine/view/interaction/TextDrag.h"
+#include "Tessarine/view/interaction/TextInputMethod.h"
 #include "Tessarine/view/interaction/TextKeys.h"
+#include "Tessarine/view/interaction/TextMenu.h"
+#include "Tessarine/view/interaction/TouchSelection.h"
 #include "Tessarine/view/interaction/ViewScrolling.h"
 #include "Tessarine/view/interaction/WheelSteps.h"
 
+#include <QtGui/QContextMenuEvent>
+#include <QtGui/QDropEvent>
 #include <QtGui/QFocusEvent>
+#include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QScrollEvent>
+#include <QtGui/QScrollPrepareEvent>
+#include <QtGui/QTouchEvent>
 #include <QtGui/QWheelEvent>
+#include <QtWidgets/QMenu>
 
 #include <utility>
 
@@ -61,10 +74,12 @@ public:
     void textViewHasChanged(const TextViewUpdates::Changes& changes) override;
     void editingHasChanged() override;
 
-    void textWasReplaced(const TextRange& /*range*/, std::u16string_view /*oldText*/,
-                         std::u16string_view /*newText*/) override {}
+    void textWasReplaced(const TextRange& range, std::u16string_view oldText,
+                         std::u16string_view newText) override {
+        accessibleEvents.textWasReplaced(range, oldText, newText);
+    }
 
-    void allTextWasReplaced() override {}
+    void allTextWasReplaced() override { accessibleEvents.allTextWasReplaced(); }
 
     void showCaret();
 
@@ -78,14 +93,26 @@ public:
     TextClipboard clipboard{*textView};
     ViewScrolling scrolling{*textView, widget};
     TextKeys keys{*textView, clipboard};
-    MouseSelection mouse{*textView, clipboard, scrolling, viewport, [] {}};
+    TextDrag drag{*textView, clipboard, scrolling, viewport};
+    MouseSelection mouse{*textView, clipboard, scrolling, viewport, [this] { drag.start(); }};
+    TouchSelection touch{
+        *textView,
+        scrolling,
+        viewport,
+        {.beginEditing = [this] { widget.setFocus(); }, .selected = [this] { clipboard.offerSelection(); }}};
+    TextInputMethod inputMethod{*textView, viewport};
+    AccessibleTextEvents accessibleEvents{*textView, widget};
     WheelNotches zoomNotches;
 };
 
 void QtTextView::Parts::textViewHasChanged(const TextViewUpdates::Changes& changes) {
     textView->layoutIfNeeded();
     if (changes.scrolling) scrolling.showInBars();
-    if (changes.caret) showCaret();
+    if (changes.caret) {
+        showCaret();
+        accessibleEvents.selectionHasChanged();
+    }
+    touch.handles().update();
 }
 
 void QtTextView::Parts::editingHasChanged() {
@@ -104,9 +131,13 @@ void QtTextView::Parts::showCaret() {
 QtTextView::QtTextView(QWidget* parent)
     : QAbstractScrollArea(parent)
     , m_parts(std::make_unique<Parts>(*this)) {
+    AccessibleTextView::install();
     setViewport(&m_parts->viewport);
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::WheelFocus);
+    setAcceptDrops(true);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setInputMethodHints(Qt::ImhMultiLine | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText);
     followPalette();
 }
 
@@ -149,8 +180,25 @@ bool QtTextView::event(QEvent* event) {
 
 // The viewport paints and sizes itself.
 bool QtTextView::viewportEvent(QEvent* event) {
-    if (event->type() == QEvent::Paint || event->type() == QEvent::Resize) return false;
-    return QAbstractScrollArea::viewportEvent(event);
+    switch (event->type()) {
+    case QEvent::Paint:
+    case QEvent::Resize:
+        return false;
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+        m_parts->touch.touch(*static_cast<QTouchEvent*>(event));
+        return true;
+    case QEvent::ScrollPrepare:
+        m_parts->scrolling.prepare(*static_cast<QScrollPrepareEvent*>(event));
+        return true;
+    case QEvent::Scroll:
+        m_parts->scrolling.follow(*static_cast<QScrollEvent*>(event));
+        return true;
+    default:
+        return QAbstractScrollArea::viewportEvent(event);
+    }
 }
 
 // A tab is text.
@@ -173,6 +221,7 @@ void QtTextView::scrollContentsBy(int dx, int dy) {
 
 void QtTextView::keyPressEvent(QKeyEvent* event) {
     event->setAccepted(m_parts->keys.press(*event));
+    if (event->isAccepted()) m_parts->touch.handles().hide();
 }
 
 void QtTextView::focusInEvent(QFocusEvent* event) {
@@ -188,7 +237,14 @@ void QtTextView::focusOutEvent(QFocusEvent* event) {
 }
 
 void QtTextView::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) m_parts->mouse.press(*event);
+    m_parts->inputMethod.finish();
+    m_parts->touch.handles().hide();
+    if (event->button() == Qt::LeftButton)
+        m_parts->mouse.press(*event);
+    else if (event->button() == Qt::MiddleButton)
+        m_parts->mouse.pasteSelection(*event);
+    else
+        event->ignore();
 }
 
 void QtTextView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -209,6 +265,49 @@ void QtTextView::wheelEvent(QWheelEvent* event) {
     } else if (const int notches = m_parts->zoomNotches.add(*event)) {
         Q_EMIT zoomRequested(notches);
     }
+}
+
+std::unique_ptr<QMenu> QtTextView::createContextMenu() {
+    return textMenu(textView(), m_parts->clipboard, this);
+}
+
+void QtTextView::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* const menu = createContextMenu().release();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QPoint caret = inputMethodQuery(Qt::ImCursorRectangle).toRect().bottomLeft();
+    menu->popup(isByKey ? mapToGlobal(caret) : event->globalPos());
+}
+
+void QtTextView::dragEnterEvent(QDragEnterEvent* event) {
+    m_parts->drag.move(*event);
+}
+
+void QtTextView::dragMoveEvent(QDragMoveEvent* event) {
+    m_parts->drag.move(*event);
+}
+
+void QtTextView::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
+    m_parts->drag.leave();
+}
+
+void QtTextView::dropEvent(QDropEvent* event) {
+    m_parts->drag.drop(*event);
+    if (event->isAccepted()) setFocus();
+}
+
+void QtTextView::inputMethodEvent(QInputMethodEvent* event) {
+    m_parts->inputMethod.handle(*event);
+    event->accept();
+}
+
+QVariant QtTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return inputMethodQuery(query, {});
+}
+
+QVariant QtTextView::inputMethodQuery(Qt::InputMethodQuery query, const QVariant& argument) const {
+    const QVariant answer = m_parts->inputMethod.query(query, argument);
+    return answer.isValid() ? answer : QAbstractScrollArea::inputMethodQuery(query);
 }
 
 } // namespace tessarine

@@ -7,11 +7,14 @@
 #include <memory>
 #include <optional>
 
+class QMenu;
+
 namespace tessarine {
 
 class TextView;
 
-// A text view as a widget, with what a desktop expects of one: scroll bars, keys, pointer, clipboards.
+// A text view as a widget, with what a desktop expects of one: scroll bars, keys, pointer, fingers,
+// clipboards, dragging, input methods.
 //
 // What is edited, how it looks and who is told of it is textView()'s to say. Editing begins with the
 // keyboard's focus and ends with it. Keys that mean nothing here go on to the parent. Main thread.
@@ -33,6 +36,12 @@ public:
     void paste();
     void selectAll();
 
+    // That of a right click, for what can be done now.
+    std::unique_ptr<QMenu> createContextMenu();
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    Q_INVOKABLE QVariant inputMethodQuery(Qt::InputMethodQuery query, const QVariant& argument) const;
+
 Q_SIGNALS:
     // By turns of the wheel with Ctrl: notches, positive for larger.
     void zoomRequested(int steps);
@@ -52,6 +61,12 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
     class Parts;

@@ -1,8 +1,7 @@
 #include "Tessarine/view/interaction/MouseSelection.h"
 
-#include "Tessarine/textview/TextView.h"
-#include "Tessarine/view/QtConversions.h"
 #include "Tessarine/view/interaction/TextClipboard.h"
+#include "Tessarine/view/interaction/ViewPlaces.h"
 #include "Tessarine/view/interaction/ViewScrolling.h"
 
 #include <QtGui/QMouseEvent>
@@ -28,7 +27,7 @@ void MouseSelection::press(const QMouseEvent& event) {
     m_pressed = event.position();
     if (!m_textView.isSelectable()) return;
     const bool isExtending = event.modifiers().testFlag(Qt::ShiftModifier);
-    const std::int64_t location = locationAt(m_pressed);
+    const std::int64_t location = locationAt(m_textView, m_pressed);
     if (isOnGutter(m_pressed) || clicks == 3)
         begin(Unit::line, location, event.modifiers());
     else if (clicks == 2)
@@ -71,14 +70,20 @@ void MouseSelection::release() {
     m_edgeScroll.stop();
     const Unit unit = std::exchange(m_unit, Unit::none);
     if (unit == Unit::heldText)
-        m_textView.movement().moveTo(locationAt(m_pressed), SelectionMode::move);
+        m_textView.movement().moveTo(locationAt(m_textView, m_pressed), SelectionMode::move);
     else if (unit != Unit::none)
         m_clipboard.offerSelection();
 }
 
+void MouseSelection::pasteSelection(const QMouseEvent& event) {
+    if (!m_clipboard.canPasteSelection()) return;
+    m_textView.movement().moveTo(locationAt(m_textView, event.position()), SelectionMode::move);
+    m_clipboard.paste(QClipboard::Selection);
+}
+
 void MouseSelection::extendTo(const QPointF& place) {
     SelectionMovement& movement = m_textView.movement();
-    const std::int64_t location = locationAt(place);
+    const std::int64_t location = locationAt(m_textView, place);
     if (m_unit == Unit::word)
         movement.extendByWordsTo(location);
     else if (m_unit == Unit::line)
@@ -91,20 +96,16 @@ void MouseSelection::scrollBy(const QPointF& step) {
     if (m_scrolling.moveBy(step)) extendTo(m_last);
 }
 
-std::int64_t MouseSelection::locationAt(const QPointF& place) const {
-    return m_textView.closestIndex(m_textView.contentPoint(fromQt(place)));
-}
-
 bool MouseSelection::isOnGutter(const QPointF& place) const {
     return place.x() < m_textView.gutterWidth();
 }
 
 bool MouseSelection::isOnSelection(const QPointF& place) const {
-    if (!m_clipboard.canCopy()) return false;
-    const QPointF point = toQt(m_textView.contentPoint(fromQt(place)));
-    return std::ranges::any_of(
-        m_textView.selectionRects(*m_textView.selectedRange()),
-        [&](const TextSelectionRect& part) { return toQt(part.rect).contains(point); });
+    return m_clipboard.canCopy() &&
+           std::ranges::any_of(m_textView.selectionRects(*m_textView.selectedRange()),
+                               [&](const TextSelectionRect& part) {
+                                   return inViewport(m_textView, part.rect).contains(place);
+                               });
 }
 
 void MouseSelection::showCursorFor(const QPointF& place) const {

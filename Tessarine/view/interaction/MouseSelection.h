@@ -31,6 +31,9 @@ public:
     void move(const QMouseEvent& event);
     void release();
 
+    // What is selected anywhere on the desktop goes there.
+    void pasteSelection(const QMouseEvent& event);
+
     bool isSelecting() const { return m_unit != Unit::none; }
 
 private:
@@ -45,7 +48,6 @@ private:
     void begin(Unit unit, std::int64_t location, Qt::KeyboardModifiers modifiers);
     void extendTo(const QPointF& place);
     void scrollBy(const QPointF& step);
-    std::int64_t locationAt(const QPointF& place) const;
     bool isOnGutter(const QPointF& place) const;
     bool isOnSelection(const QPointF& place) const;
     void showCursorFor(const QPointF& place) const;

@@ -21,6 +21,10 @@ bool TextClipboard::canPaste() const {
     return m_textView.isEditable() && data && data->hasText();
 }
 
+bool TextClipboard::canPasteSelection() const {
+    return m_textView.isEditable() && QGuiApplication::clipboard()->supportsSelection();
+}
+
 void TextClipboard::cut() {
     if (!canCut()) return;
     copy();

@@ -20,6 +20,7 @@ public:
     bool canCopy() const;
     bool canCut() const;
     bool canPaste() const;
+    bool canPasteSelection() const;
 
     void cut();
     void copy() const;
