@@ -1,5 +1,7 @@
 #pragma once
 
+// The engine's plain values as the toolkit has them. A point is a device-independent pixel.
+
 #include "Tessarine/base/Color.h"
 #include "Tessarine/base/Rect.h"
 
@@ -12,7 +14,6 @@
 #include <limits>
 #include <string_view>
 
-// The engine's plain values as the toolkit has them. A point is a device-independent pixel.
 namespace tessarine {
 
 inline QRectF toQt(const Rect& rect) {

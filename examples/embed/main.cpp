@@ -1,33 +1,36 @@
-// The least that a program needs to show and edit a file with the engine: tessarine-embed FILE.
-#include "Tessarine/textview/TextView.h"
-#include "Tessarine/view/QtTextView.h"
-#include "languages/catalogue/Catalogue.h"
-#include "languages/catalogue/CatalogueLanguageProvider.h"
-#include "languages/catalogue/LanguageNames.h"
-#include "themes/tomorrow/TomorrowTheme.h"
+// A window that edits a text in colours: embedded-editor [PICTURE]. With a name it leaves a picture there and
+// ends.
 
-#include <QtCore/QFile>
 #include <QtWidgets/QApplication>
+
+#include <Tessarine/TessarineView.h>
+#include <languages/catalogue/Catalogue.h>
+#include <languages/catalogue/QueryBundles.h>
+#include <themes/onedark/OneDarkTheme.h>
 
 using namespace tessarine;
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QFile file(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("int main() {}\n");
+    languages::setQueryBundlesFolder(QUERIES);
 
-    QtTextView widget;
-    widget.setUserInterfaceStyle(UserInterfaceStyle::Light);
-    TextView& view = widget.textView();
-    view.setTheme(std::make_shared<themes::TomorrowTheme>());
-    view.setShowLineNumbers(true);
-    view.setText(QString::fromUtf8(bytes).toStdU16String());
+    QtTextView editor;
+    const auto theme = std::make_shared<themes::OneDarkTheme>();
+    editor.setUserInterfaceStyle(theme->userInterfaceStyle());
+    TextView& textView = editor.textView();
+    textView.scrollView()->setBackgroundColor(theme->backgroundColor());
+    textView.setTheme(theme);
+    textView.setShowLineNumbers(true);
+    textView.setGutterLeadingPadding(8);
+    textView.setGutterTrailingPadding(8);
+    textView.setText(
+        u"#include <stdio.h>\n\nint main(void) {\n    puts(\"Hello\"); // edit me\n    return 0;\n}\n");
+    editor.resize(640, 400);
+    editor.show();
 
-    const auto language =
-        languages::languageOfFile(file.fileName().toStdString()).value_or(languages::Language::C);
-    view.setLanguageMode(TreeSitterLanguageMode(languages::treeSitterLanguage(language),
-                                                std::make_shared<languages::CatalogueLanguageProvider>()));
-    widget.resize(800, 600);
-    widget.show();
+    const TreeSitterLanguageMode languageMode(languages::treeSitterLanguage(languages::Language::C));
+    textView.setLanguageMode(languageMode, [&](bool /*isParsed*/) {
+        if (argc == 2) QApplication::exit(editor.grab().save(argv[1]) ? 0 : 1);
+    });
     return QApplication::exec();
 }
