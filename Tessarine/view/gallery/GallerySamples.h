@@ -10,9 +10,9 @@ namespace tessarine {
 struct GallerySample {
     std::string_view language; // none for plain text
     std::u16string_view text;
-    std::u16string_view selected;
-    std::u16string_view marked;
-    std::vector<std::u16string_view> highlighted;
+    std::u16string_view selected{}; // what is empty is not shown
+    std::u16string_view marked{};
+    std::vector<std::u16string_view> highlighted{};
     std::int64_t guideColumn = 60;
     bool showsSpaces = true;
 };
