@@ -53,7 +53,8 @@ bool drawTheme(const ThemeName& theme, const QString& folder, const QStringList&
             grab(window, QStringLiteral("%1/%2-%3.png").arg(folder, theme.id, QFileInfo(file).suffix())) &&
             isDrawn;
     }
-    window.currentPage()->textView().setSelectedRange(TextRange{0, 1});
+    TextView& text = window.currentPage()->textView();
+    text.movement().selectWordAt(text.document().stringView->length() / 4);
     services.settings.setViewOptions({theme.id, 2, true, true, true, true});
     window.currentPage()->find().open(true);
     return grab(window, QStringLiteral("%1/%2-find.png").arg(folder, theme.id)) && isDrawn;

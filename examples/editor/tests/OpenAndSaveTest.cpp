@@ -8,7 +8,10 @@ namespace {
 TEST_F(EditorTest, FilesOfAllFormatsChangeByWhatWasTypedOnly) {
     const std::pair<QByteArray, QByteArray> cases[] = {
         {"a\nb\n", "xa\nb\n"},
-        {"\xEF\xBB\xBFa\r\nb", "\xEF\xBB\xBFxa\r\nb"},
+        {"\xEF\xBB\xBF"
+         "a\r\nb",
+         "\xEF\xBB\xBF"
+         "xa\r\nb"},
         {QByteArray("\xFF\xFE\x61\0\r\0\x62\0", 8), QByteArray("\xFF\xFE\x78\0\x61\0\r\0\x62\0", 10)},
         {QByteArray("\xFE\xFF\0\x61", 4), QByteArray("\xFE\xFF\0\x78\0\x61", 6)},
         {QByteArray("\0\0\xFE\xFF\0\0\0\x61", 8), QByteArray("\0\0\xFE\xFF\0\0\0\x78\0\0\0\x61", 12)},

@@ -60,9 +60,12 @@ EditorLook look(std::shared_ptr<const Theme> theme, const Color& background, Use
     const QColor accent(isDark ? 0x3D74C7 : 0x2A62B8);
     const QColor base = toQt(background.resolved(style));
     const QColor text = toQt(theme->textColor().resolved(style));
-    return {std::make_shared<ZoomedTheme>(std::move(theme), zoomPoints), paletteOf(base, text, accent),
-            Color(RGBAColor::ofHex(isDark ? 0x4F8DE8 : 0x3D7BDB, isDark ? 0.38F : 0.25F)),
-            Color(RGBAColor::ofHex(isDark ? 0xE8B339 : 0xFFC83D, isDark ? 0.32F : 0.45F)), style};
+    return {.theme = std::make_shared<ZoomedTheme>(std::move(theme), zoomPoints),
+            .palette = paletteOf(base, text, accent),
+            .backgroundColor = background,
+            .selectionColor = Color(RGBAColor::ofHex(isDark ? 0x4F8DE8 : 0x3D7BDB, isDark ? 0.38F : 0.25F)),
+            .matchColor = Color(RGBAColor::ofHex(isDark ? 0xE8B339 : 0xFFC83D, isDark ? 0.32F : 0.45F)),
+            .style = style};
 }
 
 UserInterfaceStyle desktopStyle() {

@@ -22,6 +22,7 @@ const std::vector<ThemeName>& themeNames();
 struct EditorLook {
     std::shared_ptr<const Theme> theme;
     QPalette palette;
+    Color backgroundColor;
     Color selectionColor;
     Color matchColor; // of what was found
     UserInterfaceStyle style;

@@ -15,6 +15,14 @@
 
 namespace tessarine::editor {
 
+namespace {
+
+constexpr std::int64_t pageGuideColumn = 80;
+constexpr double gutterPadding = 8; // points
+constexpr EdgeInsets textInset{.top = 4, .left = 6, .bottom = 4, .right = 6};
+
+} // namespace
+
 // Passes on what the text view tells.
 class EditorPage::Delegate final : public TextViewDelegate {
 public:
@@ -48,6 +56,10 @@ EditorPage::EditorPage(EditorServices& services, const EditorLook& look)
     text.setCharacterPairTrailingComponentDeletionMode(
         CharacterPairTrailingComponentDeletionMode::immediatelyFollowingLeadingComponent);
     text.setEditorDelegate(m_delegate);
+    text.setPageGuideColumn(pageGuideColumn);
+    text.setGutterLeadingPadding(gutterPadding);
+    text.setGutterTrailingPadding(gutterPadding);
+    text.setTextContainerInset(textInset);
     applyLook(look);
 }
 
@@ -195,6 +207,7 @@ void EditorPage::applyLook(const EditorLook& look) {
     TextView& text = textView();
     const ViewOptions& options = m_services.settings.viewOptions();
     text.setTheme(look.theme);
+    text.scrollView()->setBackgroundColor(look.backgroundColor);
     text.setSelectionHighlightColor(look.selectionColor);
     text.setInsertionPointColor(look.theme->textColor());
     text.setShowLineNumbers(options.showLineNumbers);

@@ -10,6 +10,7 @@
 
 #include <QtCore/QLocale>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QToolButton>
 
 namespace tessarine::editor {
@@ -52,14 +53,15 @@ StatusLine::StatusLine(EditorWindow& window, const DocumentMenus& menus)
     connect(&window, &EditorWindow::currentPageChanged, this, &StatusLine::showPage);
 }
 
+// The button has no menu of its own: the arrow that shows one would be all there is to see in a narrow one.
 QToolButton* StatusLine::addButton(const QString& name, QMenu* menu) {
     auto* button = new QToolButton;
     button->setObjectName(name);
     button->setAutoRaise(true);
-    button->setMenu(menu);
-    if (menu) button->setPopupMode(QToolButton::InstantPopup);
-    button->setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
     addPermanentWidget(button);
+    if (menu)
+        connect(button, &QToolButton::clicked, menu,
+                [button, menu] { menu->popup(button->mapToGlobal(QPoint(0, -menu->sizeHint().height()))); });
     return button;
 }
 
