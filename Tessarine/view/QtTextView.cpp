@@ -21,7 +21,9 @@
 #include "Tessarine/view/interaction/ViewScrolling.h"
 #include "Tessarine/view/interaction/WheelSteps.h"
 
+#include <QtCore/QMimeData>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QDrag>
 #include <QtGui/QDropEvent>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QInputMethodEvent>
@@ -59,6 +61,13 @@ UserInterfaceStyle styleOf(const QPalette& palette) {
     return isDark ? UserInterfaceStyle::Dark : UserInterfaceStyle::Light;
 }
 
+// Until it has been dropped.
+Qt::DropAction dragAway(QWidget& viewport, std::unique_ptr<QMimeData> data, Qt::DropActions actions) {
+    auto* const drag = new QDrag(&viewport);
+    drag->setMimeData(data.release());
+    return drag->exec(actions, actions.testFlag(Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction);
+}
+
 } // namespace
 
 // What the widget is made of.
@@ -70,6 +79,8 @@ public:
     }
 
     ~Parts() override { textView->setHost({}); }
+
+    void layoutTextView() override { textView->layoutIfNeeded(); }
 
     void textViewHasChanged(const TextViewUpdates::Changes& changes) override;
     void editingHasChanged() override;
@@ -93,7 +104,10 @@ public:
     TextClipboard clipboard{*textView};
     ViewScrolling scrolling{*textView, widget};
     TextKeys keys{*textView, clipboard};
-    TextDrag drag{*textView, clipboard, scrolling, viewport};
+    TextDrag drag{*textView, clipboard, scrolling, viewport,
+                  [this](std::unique_ptr<QMimeData> data, Qt::DropActions actions) {
+                      return dragAway(viewport, std::move(data), actions);
+                  }};
     MouseSelection mouse{*textView, clipboard, scrolling, viewport, [this] { drag.start(); }};
     TouchSelection touch{
         *textView,
@@ -106,7 +120,6 @@ public:
 };
 
 void QtTextView::Parts::textViewHasChanged(const TextViewUpdates::Changes& changes) {
-    textView->layoutIfNeeded();
     if (changes.scrolling) scrolling.showInBars();
     if (changes.caret) {
         showCaret();
@@ -226,7 +239,8 @@ void QtTextView::keyPressEvent(QKeyEvent* event) {
 
 void QtTextView::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    if (!textView().isEditing()) textView().beginEditing();
+    textView().beginEditing();
+    if (textView().isSelectable() && !textView().selectedRange()) textView().setSelectedRange(TextRange{});
     m_parts->showCaret();
 }
 
