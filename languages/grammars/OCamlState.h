@@ -5,7 +5,7 @@
 
 #define serialize serialize_quarter
 #define deserialize deserialize_quarter
-#include "../../../common/scanner.h" // as the scanner includes it
+#include <../../../common/scanner.h> // as the scanner includes it
 #undef serialize
 #undef deserialize
 
