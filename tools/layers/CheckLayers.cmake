@@ -23,7 +23,7 @@ set(below_languages/catalogue languages/grammars Tessarine/syntax Tessarine/docu
 set(below_languages/grammars Tessarine/document Tessarine/base)
 # The grammars are a table of foreign parsers, which only tests and benchmarks look into.
 set(below_Tessarine/view Tessarine/layout Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base themes
-    languages/grammars)
+    languages/catalogue languages/grammars)
 set(below_Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
 set(below_Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
 set(below_Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)

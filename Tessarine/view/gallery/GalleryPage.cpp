@@ -7,6 +7,7 @@
 #include "Tessarine/syntax/tests/SampleDocument.h"
 #include "Tessarine/view/QtTextMeasurer.h"
 #include "Tessarine/view/QtTextShaper.h"
+#include "languages/catalogue/CatalogueLanguageProvider.h"
 
 #include <algorithm>
 #include <string>
@@ -111,10 +112,10 @@ void GalleryPage::addFurniture() {
 }
 
 void GalleryPage::addLines(const GallerySample& sample) {
-    const auto languages = std::make_shared<const GalleryLanguages>();
+    const auto provider = std::make_shared<const languages::CatalogueLanguageProvider>();
     const bool isPlain = sample.language.empty();
-    SampleDocument document(sample.text, languages->treeSitterLanguage(isPlain ? "c" : sample.language),
-                            languages);
+    SampleDocument document(sample.text, provider->treeSitterLanguage(isPlain ? "c" : sample.language),
+                            provider);
     const auto highlighter = document.mode->createLineSyntaxHighlighter();
     highlighter->setTheme(m_theme);
     if (!isPlain) document.parse();

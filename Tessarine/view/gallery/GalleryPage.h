@@ -5,7 +5,6 @@
 #include "Tessarine/layout/LineFragment.h"
 #include "Tessarine/layout/TextShaper.h"
 #include "Tessarine/layout/View.h"
-#include "Tessarine/view/gallery/GalleryLanguages.h"
 #include "Tessarine/view/gallery/GallerySamples.h"
 #include "themes/common/EditorTheme.h"
 
@@ -23,6 +22,9 @@ public:
     ~GalleryPage();
 
     const std::shared_ptr<View>& view() const { return m_view; }
+
+    // Of all rows, whether or not the page has room for them.
+    double contentHeight() const { return m_y; }
 
 private:
     void addFurniture();

@@ -1,8 +1,8 @@
 // Paints a picture of each theme with every sample, for people to look at.
 //   view_gallery FOLDER
 #include "Tessarine/theme/DefaultTheme.h"
-#include "Tessarine/view/ViewPainter.h"
 #include "Tessarine/view/gallery/GalleryPage.h"
+#include "Tessarine/view/gallery/PaintedView.h"
 #include "themes/onedark/OneDarkTheme.h"
 #include "themes/plaintext/PlainTextTheme.h"
 #include "themes/tomorrow/TomorrowTheme.h"
@@ -11,7 +11,6 @@
 #include <QtCore/QDir>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
-#include <QtGui/QPainter>
 
 #include <cstdio>
 
@@ -35,14 +34,8 @@ QImage paintedPages(const std::shared_ptr<const Theme>& theme, UserInterfaceStyl
                                         .height = pageSize.height});
         sheet->addSubview(pages.back()->view());
     }
-    const QSize size(static_cast<int>(pagesInRow * pageSize.width), static_cast<int>(2 * pageSize.height));
-    QImage image(size * scale, QImage::Format_RGB32);
-    image.setDevicePixelRatio(scale);
-    QPainter painter(&image);
-    ViewPictures pictures;
-    sheet->layoutIfNeeded();
-    ViewPainter(painter, QRegion(QRect(QPoint(), size)), pictures, style).paint(*sheet);
-    return image;
+    return paintedView(*sheet, {.width = pagesInRow * pageSize.width, .height = 2 * pageSize.height}, scale,
+                       style);
 }
 
 template <class EditorTheme>
