@@ -166,23 +166,36 @@ static bool foundFormat(Scan* scan, const Word* word) {
 
 // `=` behind q and the like, which may delimit, and is a part of a fat comma elsewhere.
 static bool foundQuoteBehindWord(Scan* scan, const Word* word) {
-    if (word->takenColon) return foundPlainWord(scan, word, User);
+    if (word->takenColon && isSpace(next(scan))) return foundPlainWord(scan, word, User);
+    if (word->takenColon) return foundQuoteNamed(scan, word, ':');
     const bool spaced = isSpace(next(scan));
-    takeBlanks(scan);
+    if (spaced) takeBlanks(scan);
     const int32_t c = next(scan);
     if (isWordPart(c) || isOneOf(c, ")}") || (spaced && isOneOf(c, ",;=:?")))
         return foundWordBehindBlanks(scan, word, User, spaced);
-    return foundQuoteNamed(scan, word);
+    take(scan);
+    return foundQuoteNamed(scan, word, c);
 }
 
-static bool foundWord(Scan* scan) {
-    const Word word = takeWord(scan);
+static bool foundTakenWord(Scan* scan, Word word) {
     if (isVersion(&word)) return foundVersion(scan);
-    if (!isDue(scan, Bareword)) return false;
+    if (!isDue(scan, CallAlone) && !isDue(scan, Bareword)) return false;
     const enum WordClass wordClass = classOf(&word);
     if (wordClass == Quoting) return foundQuoteBehindWord(scan, &word);
     if (wordClass == FormatKeyword) return foundFormat(scan, &word);
     if (wordClass == DataMark) return foundIfDue(scan, DataMarker);
     if (isWord(&word, "new")) return foundNew(scan, &word);
     return foundPlainWord(scan, &word, wordClass);
+}
+
+static bool foundWord(Scan* scan) {
+    return foundTakenWord(scan, takeWord(scan));
+}
+
+// `::name`
+static bool foundRootedWord(Scan* scan) {
+    if (!isDue(scan, CallAlone) || !takeIf(scan, ':') || !takeIf(scan, ':') || !isWordStart(next(scan))) return false;
+    Word word = takeWord(scan);
+    word.isQualified = true;
+    return foundTakenWord(scan, word);
 }

@@ -19,27 +19,25 @@ static int32_t closingOf(int32_t open) {
     }
 }
 
-// A quote that begins with the sign that comes next.
-static bool foundQuote(Scan* scan, enum Token token, enum QuoteKind kind, unsigned flags) {
-    if (!isDue(scan, token) || isFull(scan->state) || atEnd(scan)) return false;
-    const int32_t open = next(scan);
-    take(scan);
-    const Quote quote = {
-        .open = open, .close = closingOf(open), .kind = kind, .flags = open == '\'' ? flags & ~Interpolates : flags};
+// A quote whose first sign is taken.
+static bool foundQuote(Scan* scan, enum Token token, enum QuoteKind kind, unsigned flags, int32_t open) {
+    if (!isDue(scan, token) || isFull(scan->state)) return false;
+    if (open == '\'') flags &= ~Interpolates;
+    const Quote quote = {.open = open, .close = closingOf(open), .kind = kind, .flags = flags};
     pushQuote(scan->state, quote);
     return foundHere(scan, token);
 }
 
-// The sign behind a word as q is next.
-static bool foundQuoteNamed(Scan* scan, const Word* word) {
-    if (isWord(word, "q")) return foundQuote(scan, RawOpen, Raw, 0);
-    if (isWord(word, "qq")) return foundQuote(scan, StringOpen, Text, Interpolates);
-    if (isWord(word, "qw")) return foundQuote(scan, WordsOpen, WordList, 0);
-    if (isWord(word, "qx")) return foundQuote(scan, CommandOpen, Text, Interpolates);
-    if (isWord(word, "m")) return foundQuote(scan, MatchOpen, Regex, Interpolates);
-    if (isWord(word, "qr")) return foundQuote(scan, PatternOpen, Regex, Interpolates);
-    if (isWord(word, "s")) return foundQuote(scan, SubstitutionOpen, Regex, Interpolates | TwoParts);
-    return foundQuote(scan, TransliterationOpen, Characters, TwoParts);
+// Behind q and the like.
+static bool foundQuoteNamed(Scan* scan, const Word* word, int32_t open) {
+    if (isWord(word, "q")) return foundQuote(scan, RawOpen, Raw, 0, open);
+    if (isWord(word, "qq")) return foundQuote(scan, StringOpen, Text, Interpolates, open);
+    if (isWord(word, "qw")) return foundQuote(scan, WordsOpen, WordList, 0, open);
+    if (isWord(word, "qx")) return foundQuote(scan, CommandOpen, Text, Interpolates, open);
+    if (isWord(word, "m")) return foundQuote(scan, MatchOpen, Regex, Interpolates, open);
+    if (isWord(word, "qr")) return foundQuote(scan, PatternOpen, Regex, Interpolates, open);
+    if (isWord(word, "s")) return foundQuote(scan, SubstitutionOpen, Regex, Interpolates | TwoParts, open);
+    return foundQuote(scan, TransliterationOpen, Characters, TwoParts, open);
 }
 
 static bool closes(const Quote* quote, int32_t c) {

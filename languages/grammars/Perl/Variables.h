@@ -25,7 +25,12 @@ static bool takeRootedName(Scan* scan) {
 static bool takeBracedName(Scan* scan) {
     if (!takeIf(scan, '{')) return false;
     takeSpaces(scan);
-    if (takeIf(scan, '^') ? !isWordPart(next(scan)) : !isWordPart(next(scan))) return false;
+    if (isOneOf(next(scan), "$!@/\\,;.&\"<>()+-0")) {
+        take(scan);
+    } else {
+        takeIf(scan, '^');
+        if (!isWordPart(next(scan))) return false;
+    }
     takeWordParts(scan);
     while (takeIf(scan, ':'))
         takeWordParts(scan);
@@ -103,14 +108,23 @@ static bool foundNamed(Scan* scan, enum Token token) {
 static bool foundRooted(Scan* scan, enum Place place) {
     take(scan);
     mark(scan);
-    if (!takeIf(scan, ':') || !isWordStart(next(scan))) return place == InCode && found(scan, Scalar);
-    return foundNamed(scan, Scalar);
+    if (!takeIf(scan, ':')) return place == InCode && found(scan, Scalar);
+    return (place == InCode || isWordStart(next(scan))) && foundNamed(scan, Scalar);
+}
+
+// `$ {...}` and `$ name`
+static bool foundSpaced(Scan* scan, enum Token variable, enum Token sigil) {
+    mark(scan);
+    takeSpaces(scan);
+    if (isWordStart(next(scan))) return foundNamed(scan, variable);
+    return isOneOf(next(scan), "{$") && found(scan, sigil);
 }
 
 // What begins with `$`, which is taken already. `close` ends the string that it stands in.
 static bool foundScalar(Scan* scan, enum Place place, int32_t close) {
     const int32_t c = next(scan);
     if (place == InCode && isDue(scan, Placeholder) && isOneOf(c, ",)= \t\n")) return foundPlaceholder(scan);
+    if (place == InCode && isSpace(c)) return foundSpaced(scan, Scalar, ScalarSigil);
     if (atEnd(scan) || (place != InCode && c == close)) return false;
     if (isWordStart(c)) return foundNamed(scan, Scalar);
     if (isDigit(c)) {
@@ -153,6 +167,8 @@ static bool foundArray(Scan* scan, enum Place place) {
     const int32_t c = next(scan);
     if (isDue(scan, PostfixSigils) && place == InCode) return foundPostfix(scan);
     if (isWordStart(c)) return foundNamed(scan, Array);
+    if (place == InCode && isSpace(c)) return foundSpaced(scan, Array, ArraySigil);
+    if (place == InCode && c == '^') return foundControlVariable(scan, Array);
     if (c == '{') return foundBracedOr(scan, Array, ArraySigil);
     if (c == '$') {
         mark(scan);
@@ -175,6 +191,7 @@ static bool foundHash(Scan* scan) {
     if (c == ':') return foundNamed(scan, Hash);
     if (c == '{') return foundBracedOr(scan, Hash, HashSigil);
     if (c == '$') return foundHere(scan, HashSigil);
+    if (isSpace(c)) return foundSpaced(scan, Hash, HashSigil);
     if (c == '^') return foundControlVariable(scan, Hash);
     if (isOneOf(c, "+-!")) {
         take(scan);
@@ -183,9 +200,16 @@ static bool foundHash(Scan* scan) {
     return foundPlaceholder(scan);
 }
 
+static const char specialGlobs[] = "&`'+!@/\\,;.-()<>[]\"~=%?|0123456789";
+
 // What begins with `&` or `*`, which is taken.
 static bool foundNamedOrSigil(Scan* scan, enum Token variable, enum Token sigil) {
     if (isDue(scan, PostfixSigils)) return takeIf(scan, '*') && foundHere(scan, PostfixSigils);
+    if (variable == Glob && next(scan) == '^') return foundControlVariable(scan, Glob);
+    if (variable == Glob && isOneOf(next(scan), specialGlobs)) {
+        take(scan);
+        return foundHere(scan, Glob);
+    }
     takeSpaces(scan);
     if (isOneOf(next(scan), "${")) return foundHere(scan, sigil);
     if (!isWordStart(next(scan)) && next(scan) != ':') return false;

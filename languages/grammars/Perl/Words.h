@@ -78,7 +78,7 @@ static const KnownWord knownWords[] = {
     {"closedir", Operand},
     {"cmp", Infix},
     {"connect", List},
-    {"continue", Keyword},
+    {"continue", BlockKeyword},
     {"cos", Operand},
     {"crypt", List},
     {"dbmclose", Operand},

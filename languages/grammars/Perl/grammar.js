@@ -571,7 +571,9 @@ module.exports = grammar({
             $.block,
         ),
 
-        _block_list: $ => prec.right(level.list, seq($.block, optional(','), optional($._sequence))),
+        _block_list: $ => prec.right(level.list, seq(
+            choice(alias($._handle_scalar, $.scalar), $.block), optional(','), optional($._sequence),
+        )),
 
         // Literals
 

@@ -113,7 +113,7 @@ static bool foundHandleOrScalar(Scan* scan) {
     const int32_t c = next(scan);
     const bool isTerm = isWordStart(c) ? followingWord(scan) == Term
                         : c == '<'     ? takeIf(scan, '<') && followingLess(scan, WantsOperand, true) == Term
-                                       : isDigit(c) || isOneOf(c, "$@\"'`\\");
+                                       : isDigit(c) || isOneOf(c, "$@\"'`\\(");
     if (isTerm) scan->lexer->result_symbol = HandleScalar;
     return true;
 }
@@ -172,13 +172,19 @@ static bool foundOperand(Scan* scan) {
     if (isDigit(c)) return isDue(scan, Number) && foundNumber(scan);
     switch (c) {
     case '"':
-        return foundQuote(scan, StringOpen, Text, Interpolates);
+        take(scan);
+        return foundQuote(scan, StringOpen, Text, Interpolates, c);
     case '\'':
-        return foundQuote(scan, RawOpen, Raw, 0);
+        take(scan);
+        return foundQuote(scan, RawOpen, Raw, 0, c);
     case '`':
-        return foundQuote(scan, CommandOpen, Text, Interpolates);
+        take(scan);
+        return foundQuote(scan, CommandOpen, Text, Interpolates, c);
     case '/':
-        return foundQuote(scan, MatchOpen, Regex, Interpolates);
+        take(scan);
+        return foundQuote(scan, MatchOpen, Regex, Interpolates, c);
+    case ':':
+        return foundRootedWord(scan);
     case '.':
         return isDue(scan, Number) && foundFraction(scan);
     case '<':
@@ -218,7 +224,7 @@ static bool foundSign(Scan* scan) {
     case '(':
         return isDue(scan, Prototype) && foundPrototype(scan);
     case 'x':
-        if (isDue(scan, Repeat)) return foundRepeat(scan);
+        if (isDue(scan, Repeat) && !isDue(scan, CallAlone)) return foundRepeat(scan);
         break;
     default:
         break;
