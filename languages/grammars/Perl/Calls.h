@@ -1,8 +1,8 @@
 // The words that stand where an operand is due.
 #pragma once
 
-#include "Following.h"
-#include "Quotes.h"
+#include "languages/grammars/Perl/Following.h"
+#include "languages/grammars/Perl/Quotes.h"
 
 static bool foundIfDue(Scan* scan, enum Token token) {
     return isDue(scan, token) && found(scan, token);
@@ -179,7 +179,7 @@ static bool foundQuoteBehindWord(Scan* scan, const Word* word) {
 
 static bool foundTakenWord(Scan* scan, Word word) {
     if (isVersion(&word)) return foundVersion(scan);
-    if (!isDue(scan, CallAlone) && !isDue(scan, Bareword)) return false;
+    if (!isDue(scan, CallAlone)) return foundIfDue(scan, Bareword); // the class behind new
     const enum WordClass wordClass = classOf(&word);
     if (wordClass == Quoting) return foundQuoteBehindWord(scan, &word);
     if (wordClass == FormatKeyword) return foundFormat(scan, &word);
@@ -194,7 +194,8 @@ static bool foundWord(Scan* scan) {
 
 // `::name`
 static bool foundRootedWord(Scan* scan) {
-    if (!isDue(scan, CallAlone) || !takeIf(scan, ':') || !takeIf(scan, ':') || !isWordStart(next(scan))) return false;
+    if (!isDue(scan, CallAlone) || !takeIf(scan, ':') || !takeIf(scan, ':') || !isWordStart(next(scan)))
+        return false;
     Word word = takeWord(scan);
     word.isQualified = true;
     return foundTakenWord(scan, word);

@@ -1,7 +1,8 @@
-// What comes behind a word tells what the word is: a call has operands there, a class an arrow, a key a fat comma.
+// What comes behind a word tells what the word is: a call has operands there, a class an arrow, a key a fat
+// comma.
 #pragma once
 
-#include "Words.h"
+#include "languages/grammars/Perl/Words.h"
 
 enum Following {
     Nothing, // an operator, or the end of the expression
@@ -17,10 +18,10 @@ enum Following {
 
 // How signs are read that may be an operator or begin an operand.
 enum Reading {
-    WantsOperand, // as an operand
+    WantsOperand,  // as an operand
     MayStandAlone, // as an operand if there is no space behind it
-    MayWant,      // as an operand if there is a space before it and none behind
-    WantsNone,    // as an operator
+    MayWant,       // as an operand if there is a space before it and none behind
+    WantsNone,     // as an operator
 };
 
 static bool isRead(enum Reading reading, bool spaced, bool spacedBehind) {
@@ -47,7 +48,11 @@ static enum Following followingWord(Scan* scan) {
 static enum Following followingLess(Scan* scan, enum Reading reading, bool spaced) {
     const bool operand = isRead(reading, spaced, isSpace(next(scan)));
     if (takeIf(scan, '<')) {
-        if (isOneOf(next(scan), "\"'~")) return Term;
+        const bool spacedTag = isSpace(next(scan));
+        takeSpaces(scan);
+        if (isOneOf(next(scan), "\"'`")) return Term;
+        if (spacedTag) return Nothing;
+        if (next(scan) == '~') return Term;
         return operand && isWordStart(next(scan)) ? Term : Nothing;
     }
     if (!operand || next(scan) == '=') return Nothing;
@@ -148,8 +153,8 @@ static bool takeShortString(Scan* scan) {
     return false;
 }
 
-// Whether a brace that may begin a block or a hash begins a hash: there is a key first, or, where that is a hash
-// as well, nothing at all. The brace is taken already.
+// Whether a brace that may begin a block or a hash begins a hash: there is a key first, or, where that is a
+// hash as well, nothing at all. The brace is taken already.
 static bool isHashBehindBrace(Scan* scan, bool emptyIsHash) {
     takeBlanks(scan);
     if (next(scan) == '}') return emptyIsHash;

@@ -1,7 +1,7 @@
 // The marks of heredocs, and the lines that end them.
 #pragma once
 
-#include "Scan.h"
+#include "languages/grammars/Perl/Scan.h"
 
 enum { hashSeed = 0x811c9dc5, hashFactor = 0x01000193 };
 
@@ -70,7 +70,8 @@ static bool foundHeredocMarker(Scan* scan) {
 static bool foundHeredoc(Scan* scan) {
     const PendingHeredoc heredoc = takePending(scan->state);
     take(scan);
-    const Quote quote = {.kind = HeredocBody, .tag = heredoc.tag, .flags = (uint16_t)(heredoc.flags | AtLineStart)};
+    const Quote quote = {
+        .kind = HeredocBody, .tag = heredoc.tag, .flags = (uint16_t)(heredoc.flags | AtLineStart)};
     pushQuote(scan->state, quote);
     return foundHere(scan, HeredocOpen);
 }

@@ -1,8 +1,8 @@
 // What begins a quote, and all that stands between its delimiters.
 #pragma once
 
-#include "Heredocs.h"
-#include "Variables.h"
+#include "languages/grammars/Perl/Heredocs.h"
+#include "languages/grammars/Perl/Variables.h"
 
 static int32_t closingOf(int32_t open) {
     switch (open) {
@@ -52,7 +52,8 @@ static void count(Quote* quote, int32_t c) {
 
 enum { codeLimit = 4000 };
 
-// Whether the modifiers behind the second part say that it is code. They are looked for no further than codeLimit.
+// Whether the modifiers behind the second part say that it is code. They are looked for no further than
+// codeLimit.
 static bool isCodeAhead(Scan* scan, Quote part) {
     for (int i = 0; i < codeLimit && !closes(&part, next(scan)); ++i) {
         if (atEnd(scan)) return false;
@@ -110,8 +111,8 @@ static void takeEscaped(Scan* scan) {
     takeIf(scan, '}');
 }
 
-// Whether the bracket that comes next is closed in its line, before the quote is. It stands in a string, where it
-// is a subscript then.
+// Whether the bracket that comes next is closed in its line, before the quote is. It stands in a string,
+// where it is a subscript then.
 static bool isClosedAhead(Scan* scan, const Quote* quote) {
     const int32_t open = next(scan);
     const int32_t close = closingOf(open);
@@ -233,7 +234,8 @@ static bool foundSpecial(Scan* scan, const Quote* quote) {
 static bool foundPiece(Scan* scan, Quote* quote) {
     bool any = false; // there is text
     while (!atEnd(scan)) {
-        const bool stops = (quote->flags & AtLineStart) || isSpecial(scan, quote) || closes(quote, next(scan));
+        const bool stops =
+            (quote->flags & AtLineStart) || isSpecial(scan, quote) || closes(quote, next(scan));
         if (stops && any) return foundHere(scan, QuoteText);
         if (quote->flags & AtLineStart) {
             quote->flags &= ~AtLineStart;

@@ -1,10 +1,11 @@
 // One call of the scanner, and the small steps that all of it is made of.
 //
-// A step only ever goes forward. The token ends where `mark` was called last, so whatever looks ahead marks first.
+// A step only ever goes forward. The token ends where `mark` was called last, so whatever looks ahead marks
+// first.
 #pragma once
 
-#include "State.h"
-#include "Tokens.h"
+#include "languages/grammars/Perl/State.h"
+#include "languages/grammars/Perl/Tokens.h"
 
 typedef struct {
     TSLexer* lexer;

@@ -1,5 +1,5 @@
-// What the scanner remembers between two tokens: the quotes that are open, outermost first, and the heredocs whose
-// bodies begin behind the next line end.
+// What the scanner remembers between two tokens: the quotes that are open, outermost first, and the heredocs
+// whose bodies begin behind the next line end.
 #pragma once
 
 #include <stdint.h>
@@ -7,12 +7,12 @@
 #include <tree_sitter/parser.h>
 
 enum QuoteKind {
-    Raw,             // a backslash counts before another one and before a delimiter
-    Characters,      // a part of a transliteration
-    Text,            // with variables, if the quote interpolates
-    Regex,           // so too; some signs behind a variable mean something else
-    WordList,        // qw
-    Code,            // the replacement of s///e
+    Raw,        // a backslash counts before another one and before a delimiter
+    Characters, // a part of a transliteration
+    Text,       // with variables, if the quote interpolates
+    Regex,      // so too; some signs behind a variable mean something else
+    WordList,   // qw
+    Code,       // the replacement of s///e
     HeredocBody,
 };
 

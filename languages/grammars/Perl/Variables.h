@@ -1,7 +1,7 @@
 // Variables, and the signs before what is dereferenced.
 #pragma once
 
-#include "Words.h"
+#include "languages/grammars/Perl/Words.h"
 
 enum Place { InCode, InText, InRegex };
 
@@ -21,19 +21,25 @@ static bool takeRootedName(Scan* scan) {
     return true;
 }
 
-// `{name}` and `{^NAME}`, which are a name and no block. Marks their end if they are.
-static bool takeBracedName(Scan* scan) {
-    if (!takeIf(scan, '{')) return false;
-    takeSpaces(scan);
-    if (isOneOf(next(scan), "$!@/\\,;.&\"<>()+-0")) {
+// `name`, `^NAME`, or a sign that names a variable.
+static bool takeNameInBraces(Scan* scan) {
+    if (isOneOf(next(scan), "$!@/\\,;.&\"<>()+-")) {
         take(scan);
-    } else {
-        takeIf(scan, '^');
-        if (!isWordPart(next(scan))) return false;
+        return next(scan) == '}';
     }
-    takeWordParts(scan);
-    while (takeIf(scan, ':'))
+    takeIf(scan, '^');
+    if (!isWordPart(next(scan))) return false;
+    do
         takeWordParts(scan);
+    while (takeIf(scan, ':'));
+    return true;
+}
+
+// `{name}`, which is a name and no block. Marks its end if it is.
+static bool takeBracedName(Scan* scan) {
+    take(scan);
+    takeSpaces(scan);
+    if (!takeNameInBraces(scan)) return false;
     takeSpaces(scan);
     if (!takeIf(scan, '}')) return false;
     mark(scan);
@@ -56,17 +62,18 @@ static bool foundTwoDollars(Scan* scan, enum Place place) {
 // `$#array`, `$#{...}`, and the variable `$#`.
 static bool foundLength(Scan* scan, enum Place place) {
     take(scan);
-    if (place == InCode && isDue(scan, PostfixSigils) && takeIf(scan, '*')) return foundHere(scan, PostfixSigils);
+    if (place == InCode && isDue(scan, PostfixSigils) && takeIf(scan, '*'))
+        return foundHere(scan, PostfixSigils);
     if (isOneOf(next(scan), "{$")) return foundHere(scan, LengthSigil);
     if (!isWordStart(next(scan)) && next(scan) != ':') return place == InCode && foundHere(scan, Scalar);
     takeName(scan);
     return found(scan, ArrayLength);
 }
 
+// `$^W`, and `$^` before anything else.
 static bool foundControlVariable(Scan* scan, enum Token token) {
     take(scan);
-    if (!isCapital(next(scan)) && !isOneOf(next(scan), "[]\\^_?")) return false;
-    take(scan);
+    if (isCapital(next(scan)) || isOneOf(next(scan), "[]\\^_?")) take(scan);
     return foundHere(scan, token);
 }
 
@@ -149,7 +156,8 @@ static bool foundScalar(Scan* scan, enum Place place, int32_t close) {
     default:
         break;
     }
-    if (place == InCode && isDue(scan, PostfixSigils) && takeIf(scan, '*')) return foundHere(scan, PostfixSigils);
+    if (place == InCode && isDue(scan, PostfixSigils) && takeIf(scan, '*'))
+        return foundHere(scan, PostfixSigils);
     if (!isOneOf(c, specialScalars(place))) return false;
     take(scan);
     return foundHere(scan, Scalar);

@@ -1,9 +1,9 @@
 // Words, and what Perl's own of them want behind them.
 #pragma once
 
-#include <stdlib.h>
+#include "languages/grammars/Perl/Scan.h"
 
-#include "Scan.h"
+#include <stdlib.h>
 
 enum WordClass {
     User,          // not Perl's own
@@ -30,11 +30,11 @@ enum { wordLimit = 20 }; // Perl's own are shorter
 
 typedef struct {
     char text[wordLimit];
-    unsigned length;   // of all of it; the text has what fits
-    bool isQualified;  // with ::
-    bool isShouted;    // without small letters
-    bool takenColon;   // a colon behind it is taken already, and is not part of it
-    bool takenQuote;   // a single quote is
+    unsigned length;  // of all of it; the text has what fits
+    bool isQualified; // with ::
+    bool isShouted;   // without small letters
+    bool takenColon;  // a colon behind it is taken already, and is not part of it
+    bool takenQuote;  // a single quote is
 } Word;
 
 typedef struct {

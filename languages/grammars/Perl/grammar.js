@@ -6,8 +6,8 @@
 // does not begin a hash.
 
 const level = {
+    list: 0, // as that of repetitions, so that the innermost list takes all that follows
     not: 2,
-    list: 3,
     assignment: 5,
     condition: 6,
     range: 7,
@@ -135,7 +135,7 @@ module.exports = grammar({
 
         comment: _ => /#[^\n]*/,
 
-        _name: _ => /[A-Za-z_\u{80}-\u{10FFFF}][A-Za-z0-9_\u{80}-\u{10FFFF}]*(::[A-Za-z0-9_\u{80}-\u{10FFFF}]+)*(::)?/u,
+        _name: _ => /(::)?[A-Za-z_\u{80}-\u{10FFFF}][A-Za-z0-9_\u{80}-\u{10FFFF}]*(::[A-Za-z0-9_\u{80}-\u{10FFFF}]+)*(::)?/u,
 
         data: $ => seq(alias($._data_marker, $.data_marker), repeat($.data_text)),
 
@@ -527,7 +527,11 @@ module.exports = grammar({
         _open_call: $ => choice(alias($._call, $.call), $.object_creation),
 
         _call: $ => prec.right(level.list, choice(
-            seq(alias($._call_with_list, $.function), $._sequence),
+            seq(
+                alias($._call_with_list, $.function),
+                optional(field('invocant', alias($._handle_scalar, $.scalar))),
+                $._sequence,
+            ),
             prec.right(level.named, seq(alias($._call_with_operand, $.function), $._expression)),
             seq(alias(choice($._call_with_block, $._try), $.function), $.block, optional(','), optional($._sequence)),
             seq(alias($._print, $.function), $._print_list),

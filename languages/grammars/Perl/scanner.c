@@ -1,5 +1,5 @@
 // The scanner of Perl: what its grammar cannot tell without looking further than to the next token.
-#include "Calls.h"
+#include "languages/grammars/Perl/Calls.h"
 
 enum { lookLimit = 1000 }; // how far the end of <...> is looked for
 
@@ -58,7 +58,8 @@ static bool foundRead(Scan* scan) {
     enum Token token = ReadLine;
     for (int i = 0; i < lookLimit && !atEnd(scan) && next(scan) != '\n'; ++i) {
         if (takeIf(scan, '>')) return foundHere(scan, token);
-        if (!isWordPart(next(scan)) && !(i == 0 && next(scan) == '$') && next(scan) != ':') token = FilePattern;
+        if (!isWordPart(next(scan)) && !(i == 0 && next(scan) == '$') && next(scan) != ':')
+            token = FilePattern;
         take(scan);
     }
     return false;
@@ -108,7 +109,8 @@ static bool foundRepeat(Scan* scan) {
 // `$file` behind print or sort, if an operand follows that no operator goes before.
 static bool foundHandleOrScalar(Scan* scan) {
     if (!foundScalar(scan, InCode, 0)) return false;
-    if (scan->lexer->result_symbol != Scalar || !isDue(scan, HandleScalar) || !isSpace(next(scan))) return true;
+    if (scan->lexer->result_symbol != Scalar || !isDue(scan, HandleScalar) || !isSpace(next(scan)))
+        return true;
     takeSpaces(scan);
     const int32_t c = next(scan);
     const bool isTerm = isWordStart(c) ? followingWord(scan) == Term
@@ -131,15 +133,14 @@ static bool foundPod(Scan* scan) {
     }
 }
 
-// What follows __END__ up to its documentation.
+// What follows __END__ up to the line end before its documentation.
 static bool foundData(Scan* scan) {
-    bool atLineStart = false;
-    for (; !atEnd(scan); take(scan)) {
+    while (!atEnd(scan)) {
+        takeLine(scan);
         mark(scan);
-        if (atLineStart && takeIf(scan, '=') && isLetter(next(scan))) return found(scan, DataText);
-        atLineStart = next(scan) == '\n';
+        if (takeIf(scan, '\n') && takeIf(scan, '=') && isLetter(next(scan))) break;
     }
-    return foundHere(scan, DataText);
+    return found(scan, DataText);
 }
 
 // All lines up to one with nothing but a point.
@@ -242,6 +243,13 @@ static bool skipSpaces(Scan* scan) {
     return atLineStart;
 }
 
+// A statement may go without its semicolon there.
+static bool foundEndBeforeData(Scan* scan) {
+    mark(scan);
+    const Word word = plainWord(scan);
+    return classOf(&word) == DataMark && found(scan, End);
+}
+
 static bool foundCode(Scan* scan) {
     const bool atLineStart = skipSpaces(scan);
     const int32_t c = next(scan);
@@ -249,6 +257,7 @@ static bool foundCode(Scan* scan) {
     if (c == '=' && atLineStart && isDue(scan, Pod)) return foundPod(scan);
     if (isDue(scan, DataText)) return !atEnd(scan) && foundData(scan);
     if (closesCode(scan) && isDue(scan, QuoteClose)) return foundClose(scan, innermost(scan->state));
+    if (isDue(scan, End) && !isDue(scan, CallAlone) && c == '_') return foundEndBeforeData(scan);
     if (isDue(scan, End) && (atEnd(scan) || c == '}' || closesCode(scan))) return foundHere(scan, End);
     return !atEnd(scan) && foundSign(scan);
 }

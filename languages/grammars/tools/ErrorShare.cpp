@@ -1,7 +1,8 @@
 // grammar_errors GRAMMAR FILE...: how much of each file a grammar does not understand.
 //
-// A line for each file that has any of it: the share of its bytes in nodes that are errors, and where the first
-// three begin. A missing token counts as one byte. The last line tells how many files have less than one percent.
+// A line for each file that has any of it: the share of its bytes in nodes that are errors, and where the
+// first three begin. A missing token counts as one byte. The last line tells how many files have less than
+// one percent.
 #include "languages/grammars/Grammars.h"
 
 #include <cstdint>
@@ -37,8 +38,7 @@ Errors errorsIn(TSNode root) {
             add(errors, node);
             continue;
         }
-        if (!ts_node_has_error(node))
-            continue;
+        if (!ts_node_has_error(node)) continue;
         for (std::uint32_t i = ts_node_child_count(node); i > 0; --i)
             open.push_back(ts_node_child(node, i - 1));
     }
@@ -71,13 +71,13 @@ int main(int count, char** arguments) {
     for (int i = 2; i < count; ++i) {
         const std::string text = contentOf(arguments[i]);
         const std::unique_ptr<TSTree, decltype(&ts_tree_delete)> tree(
-            ts_parser_parse_string(parser.get(), nullptr, text.data(), static_cast<std::uint32_t>(text.size())),
+            ts_parser_parse_string(parser.get(), nullptr, text.data(),
+                                   static_cast<std::uint32_t>(text.size())),
             ts_tree_delete);
         const Errors errors = errorsIn(ts_tree_root_node(tree.get()));
         const double percent = text.empty() ? 0 : 100.0 * static_cast<double>(errors.bytes) / text.size();
         good += percent < 1 ? 1 : 0;
-        if (errors.bytes > 0)
-            print(arguments[i], percent, errors);
+        if (errors.bytes > 0) print(arguments[i], percent, errors);
     }
     std::cout << good << " of " << count - 2 << " files have errors in less than 1 % of their bytes\n";
 }
