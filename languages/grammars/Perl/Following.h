@@ -2,6 +2,7 @@
 // comma.
 #pragma once
 
+#include "languages/grammars/Perl/Heredocs.h"
 #include "languages/grammars/Perl/Words.h"
 
 enum Following {
@@ -44,25 +45,31 @@ static enum Following followingWord(Scan* scan) {
     return takeIf(scan, '=') && next(scan) == '>' ? Term : Nothing;
 }
 
-// `<<"TAG"`, `<$file>`, `<STDIN>`; the first sign is taken.
+enum { readLimit = 1000 }; // how far the end of <...> is looked for
+
+// `<FILE>`, `<$file>`, `<>`, `<*.c>`, behind the first sign and in one line.
+static bool takeRead(Scan* scan, bool* isPattern) {
+    for (int i = 0; i < readLimit && !atEnd(scan) && next(scan) != '\n'; ++i) {
+        const int32_t c = next(scan);
+        take(scan);
+        if (c == '>') return true;
+        *isPattern = *isPattern || !(isWordPart(c) || c == ':' || (i == 0 && c == '$'));
+    }
+    return false;
+}
+
+// What begins with `<`, which is taken. It is looked at to its end: where it is no operand, what is before it
+// is an expression of its own, and the parser must know on which text that depends.
 static enum Following followingLess(Scan* scan, enum Reading reading, bool spaced) {
     const bool operand = isRead(reading, spaced, isSpace(next(scan)));
     if (takeIf(scan, '<')) {
-        const bool spacedTag = isSpace(next(scan));
-        takeSpaces(scan);
-        if (isOneOf(next(scan), "\"'`")) return Term;
-        if (spacedTag) return Nothing;
-        if (next(scan) == '~') return Term;
-        return operand && isWordStart(next(scan)) ? Term : Nothing;
+        const bool isBare = isWordStart(next(scan));
+        PendingHeredoc unused = {0};
+        return (operand || !isBare) && takeHeredocMark(scan, &unused) ? Term : Nothing;
     }
-    if (!operand || next(scan) == '=') return Nothing;
-    if (reading == WantsOperand) return Term;
-    if (takeIf(scan, '$')) {
-        takeWordParts(scan);
-        return next(scan) == '>' ? Term : Nothing;
-    }
-    const Word handle = plainWord(scan);
-    return handle.isShouted && next(scan) == '>' ? Term : Nothing;
+    bool isPattern = false;
+    if (!operand || next(scan) == '=' || !takeRead(scan, &isPattern)) return Nothing;
+    return isPattern && reading != WantsOperand ? Nothing : Term;
 }
 
 static enum Following followingMinus(Scan* scan, enum Reading reading, bool spaced) {

@@ -3,7 +3,7 @@
 
 #include "languages/grammars/Perl/Scan.h"
 
-enum { hashSeed = 0x811c9dc5, hashFactor = 0x01000193 };
+static const uint32_t hashSeed = 0x811c9dc5, hashFactor = 0x01000193;
 
 static void extend(Tag* tag, int32_t c) {
     tag->hash = (tag->hash ^ (uint32_t)c) * hashFactor;
@@ -47,21 +47,24 @@ static void addPending(State* state, PendingHeredoc heredoc) {
     if (state->pendingCount < pendingLimit) state->pending[state->pendingCount++] = heredoc;
 }
 
-// The mark behind `<<`.
-static bool foundHeredocMarker(Scan* scan) {
-    PendingHeredoc heredoc = {.tag = {0, hashSeed}};
-    if (takeIf(scan, '~')) heredoc.flags |= Indented;
+// The mark behind `<<`, if it is one.
+static bool takeHeredocMark(Scan* scan, PendingHeredoc* heredoc) {
+    heredoc->tag.hash = hashSeed;
+    if (takeIf(scan, '~')) heredoc->flags |= Indented;
     const bool isRaw = takeIf(scan, '\\');
-    while (isOneOf(next(scan), " \t"))
+    bool spaced = false;
+    for (; isOneOf(next(scan), " \t"); spaced = true)
         take(scan);
-    if (!isRaw && next(scan) != '\'') heredoc.flags |= Interpolates;
-    if (isOneOf(next(scan), "\"'`")) {
-        if (!takeQuotedTag(scan, &heredoc.tag)) return false;
-    } else if (isWordStart(next(scan))) {
-        takeBareTag(scan, &heredoc.tag);
-    } else {
-        return false;
-    }
+    if (!isRaw && next(scan) != '\'') heredoc->flags |= Interpolates;
+    if (isOneOf(next(scan), "\"'`")) return takeQuotedTag(scan, &heredoc->tag);
+    if (spaced || !isWordStart(next(scan))) return false;
+    takeBareTag(scan, &heredoc->tag);
+    return true;
+}
+
+static bool foundHeredocMarker(Scan* scan) {
+    PendingHeredoc heredoc = {0};
+    if (!takeHeredocMark(scan, &heredoc)) return false;
     addPending(scan->state, heredoc);
     return foundHere(scan, HeredocMarker);
 }

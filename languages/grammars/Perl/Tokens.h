@@ -3,6 +3,7 @@
 
 enum Token {
     Scalar,
+    ClosedScalar,
     Array,
     Hash,
     FunctionVariable,

@@ -140,7 +140,7 @@ static bool foundScalar(Scan* scan, enum Place place, int32_t close) {
     }
     switch (c) {
     case '{':
-        return foundBracedOr(scan, Scalar, ScalarSigil);
+        return foundBracedOr(scan, place == InCode ? Scalar : ClosedScalar, ScalarSigil);
     case '$':
         return foundTwoDollars(scan, place);
     case '#':

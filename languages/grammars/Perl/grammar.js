@@ -45,6 +45,7 @@ module.exports = grammar({
     // The order is that of `enum Token` in scanner.c.
     externals: $ => [
         $.scalar,
+        $._closed_scalar,
         $.array,
         $.hash,
         $.function_variable,
@@ -648,6 +649,7 @@ module.exports = grammar({
         _inner: $ => choice(
             $._inner_subscriptable,
             $._inner_sliceable,
+            alias($._closed_scalar, $.scalar), // "${name}", which has no subscripts
             $.array_length,
             alias($._length_dereference, $.array_length),
             alias($._inner_slice, $.slice),

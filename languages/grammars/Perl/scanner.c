@@ -1,8 +1,6 @@
 // The scanner of Perl: what its grammar cannot tell without looking further than to the next token.
 #include "languages/grammars/Perl/Calls.h"
 
-enum { lookLimit = 1000 }; // how far the end of <...> is looked for
-
 static bool foundExponent(Scan* scan) {
     if (!takeIf(scan, 'e') && !takeIf(scan, 'E')) return false;
     if (!takeIf(scan, '+')) takeIf(scan, '-');
@@ -53,16 +51,9 @@ static bool foundFraction(Scan* scan) {
     return found(scan, Number);
 }
 
-// `<FILE>`, `<$file>`, `<>`, `<*.c>`, behind the first sign.
 static bool foundRead(Scan* scan) {
-    enum Token token = ReadLine;
-    for (int i = 0; i < lookLimit && !atEnd(scan) && next(scan) != '\n'; ++i) {
-        if (takeIf(scan, '>')) return foundHere(scan, token);
-        if (!isWordPart(next(scan)) && !(i == 0 && next(scan) == '$') && next(scan) != ':')
-            token = FilePattern;
-        take(scan);
-    }
-    return false;
+    bool isPattern = false;
+    return takeRead(scan, &isPattern) && foundHere(scan, isPattern ? FilePattern : ReadLine);
 }
 
 static bool foundLess(Scan* scan) {
@@ -262,9 +253,24 @@ static bool foundCode(Scan* scan) {
     return !atEnd(scan) && foundSign(scan);
 }
 
+// Where the parser looks for a way out of an error, all tokens are due. Those that are the same everywhere
+// are found there as well, so that the rest of the text has the tree that it would have without the error.
+static bool foundInError(Scan* scan, Quote* quote) {
+    if (quote != NULL && quote->kind == WordList) return foundListedWord(scan, quote);
+    if (quote != NULL && quote->kind != Code) return foundPiece(scan, quote);
+    const bool atLineStart = skipSpaces(scan);
+    const int32_t c = next(scan);
+    if (c == '\n') return !isFull(scan->state) && foundHeredoc(scan);
+    if (c == '=') return atLineStart && foundPod(scan);
+    if (!isOneOf(c, "\"'`<$@")) return false;
+    if (c == '<' || isOneOf(c, "\"'`")) return foundOperand(scan);
+    take(scan);
+    return isWordStart(next(scan)) && foundNamed(scan, c == '$' ? Scalar : Array);
+}
+
 static bool foundToken(Scan* scan) {
     Quote* quote = innermost(scan->state);
-    if (isDue(scan, InError)) return false;
+    if (isDue(scan, InError)) return foundInError(scan, quote);
     if (isDue(scan, FormatBody)) return foundFormatBody(scan);
     if (isDue(scan, Modifiers) && isOneOf(next(scan), "msixpodualngcer")) return foundModifiers(scan);
     if (quote == NULL) return foundCode(scan);
