@@ -111,13 +111,15 @@ static void takeEscaped(Scan* scan) {
     takeIf(scan, '}');
 }
 
+enum { subscriptLimit = 200 };
+
 // Whether the bracket that comes next is closed in its line, before the quote is. It stands in a string,
 // where it is a subscript then.
 static bool isClosedAhead(Scan* scan, const Quote* quote) {
     const int32_t open = next(scan);
     const int32_t close = closingOf(open);
     int depth = 0;
-    for (int i = 0; i < 500 && !atEnd(scan) && next(scan) != '\n'; ++i) {
+    for (int i = 0; i < subscriptLimit && !atEnd(scan) && next(scan) != '\n'; ++i) {
         const int32_t c = next(scan);
         take(scan);
         if (c == open) ++depth;

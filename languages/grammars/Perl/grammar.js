@@ -215,13 +215,13 @@ module.exports = grammar({
 
         signature: $ => seq('(', optional(seq(separated(',', $._parameter), optional(','))), ')'),
 
+        // Any expression, so that a signature that is being typed is no error in all that follows.
         _parameter: $ => choice(
+            $._expression,
             seq(
-                choice($.scalar, alias($._placeholder, $.placeholder)),
+                alias($._placeholder, $.placeholder),
                 optional(seq(choice('=', '//=', '||='), optional($._expression))),
             ),
-            $.array,
-            $.hash,
         ),
 
         phase_block: $ => seq(

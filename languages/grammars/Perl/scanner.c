@@ -253,24 +253,9 @@ static bool foundCode(Scan* scan) {
     return !atEnd(scan) && foundSign(scan);
 }
 
-// Where the parser looks for a way out of an error, all tokens are due. Those that are the same everywhere
-// are found there as well, so that the rest of the text has the tree that it would have without the error.
-static bool foundInError(Scan* scan, Quote* quote) {
-    if (quote != NULL && quote->kind == WordList) return foundListedWord(scan, quote);
-    if (quote != NULL && quote->kind != Code) return foundPiece(scan, quote);
-    const bool atLineStart = skipSpaces(scan);
-    const int32_t c = next(scan);
-    if (c == '\n') return !isFull(scan->state) && foundHeredoc(scan);
-    if (c == '=') return atLineStart && foundPod(scan);
-    if (!isOneOf(c, "\"'`<$@")) return false;
-    if (c == '<' || isOneOf(c, "\"'`")) return foundOperand(scan);
-    take(scan);
-    return isWordStart(next(scan)) && foundNamed(scan, c == '$' ? Scalar : Array);
-}
-
 static bool foundToken(Scan* scan) {
     Quote* quote = innermost(scan->state);
-    if (isDue(scan, InError)) return foundInError(scan, quote);
+    if (isDue(scan, InError)) return false; // all tokens are due there, which tells nothing
     if (isDue(scan, FormatBody)) return foundFormatBody(scan);
     if (isDue(scan, Modifiers) && isOneOf(next(scan), "msixpodualngcer")) return foundModifiers(scan);
     if (quote == NULL) return foundCode(scan);
