@@ -92,7 +92,7 @@ my $add = sub ($x, $y) { $x + $y };
 my %dispatch = (add => $add, name => \&Log::Line::parse, list => [1 .. 3]);
 my $result = $dispatch{add}->(1, 2) . $dispatch{list}->@[0, 1];
 my $last = $#{$matrix[0]} + LIMIT;
-my $home = new Log::Line;
+my $home = new Log::Line('home', 2);
 my %settings = (%ENV, home => $home);
 my ($min, $max) = @dispatch{qw(min max)};
 my %copy = %dispatch{'add', 'name'};
