@@ -37,6 +37,7 @@ foreach(folder app account Quillet/screens Quillet/browsing Quillet/controls Hal
         languages/catalogue languages/grammars themes
         Tessarine/view Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "/sample\\.cpp$") # a text of the catalogue's
   foreach(source ${sources})
     file(STRINGS ${ROOT}/${source} includes REGEX "^#include \"")
     foreach(line ${includes})
