@@ -40,6 +40,7 @@ constexpr CatalogueEntry table[] = {
     injecting(entry(Language::Markdown, "Markdown")),
     entry(Language::OCaml, "OCaml"),
     injecting(entry(Language::PHP, "PHP", scopes::php)),
+    entry(Language::Perl, "Perl"),
     entry(Language::Python, "Python", scopes::python),
     entry(Language::R, "R"),
     entry(Language::Regex, "Regex"),

@@ -26,6 +26,7 @@ enum class Language {
     Markdown,
     OCaml,
     PHP,
+    Perl,
     Python,
     R,
     Regex,

@@ -44,6 +44,7 @@ inline constexpr LanguageNames languageNames[] = {
     {Language::Markdown, " markdown md mkd mdown ", " md markdown mkd mdown mkdn mdwn ", "", ""},
     {Language::OCaml, " ocaml ml ", " ml ", " .ocamlinit ", " ocaml ocamlrun ocamlscript "},
     {Language::PHP, " php php3 php4 php5 phtml ", " php php3 php4 php5 phtml phps ", "", " php "},
+    {Language::Perl, " perl pl perl5 ", " pl pm t pod psgi cgi ", " cpanfile Makefile.PL ", " perl "},
     {Language::Python, " python py python3 py3 pyi gyp ", " py pyi pyw py3 gyp bzl ",
      " SConstruct SConscript wscript ", " python pypy "},
     {Language::R, " r rscript splus ", " r rprofile ", " .Rprofile ", " Rscript "},

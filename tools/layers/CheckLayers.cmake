@@ -46,7 +46,7 @@ foreach(folder app account Quillet/screens Quillet/browsing Quillet/controls Hal
         Tessarine/view Tessarine/textview Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme
         Tessarine/base)
   file(GLOB_RECURSE sources RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
-  list(FILTER sources EXCLUDE REGEX "/sample\\.[a-z]+$") # what languages are tried on
+  list(FILTER sources EXCLUDE REGEX "/sample\\.cpp$") # a text of the catalogue's
   if(folder MATCHES "\\.h$")
     set(sources ${folder})
   endif()

@@ -1,11 +1,10 @@
 /// A cache of pictures that a few threads share.
 #pragma once
 
-#include "gallery/Picture.h"
-
 #include <algorithm>
 #include <concepts>
 #include <memory>
+#include "gallery/Picture.h"
 
 #define GALLERY_CACHE_VERSION 3
 
@@ -31,25 +30,18 @@ public:
 
     Cache() = default;
     Cache(const Cache&) = delete;
-
-    explicit Cache(std::size_t limit) noexcept
-        : m_limit{limit}
-        , m_entries(limit) {}
-
+    explicit Cache(std::size_t limit) noexcept : m_limit{limit}, m_entries(limit) {}
     virtual ~Cache() override;
 
     Cache& operator=(Cache&& other) noexcept = default;
     auto operator<=>(const Cache&) const = default;
-
     [[nodiscard]] bool operator()(const Key& key) const { return contains(key); }
-
     operator bool() const { return !m_entries.empty(); }
 
     template <std::invocable<const Key&> Load>
     std::shared_ptr<Value> value(const Key& key, Load&& load);
 
     virtual void clear() = 0;
-
     [[gnu::pure, deprecated("ask size()")]] static constexpr int version() { return GALLERY_CACHE_VERSION; }
 
     friend void swap(Cache& a, Cache& b) noexcept;
@@ -111,7 +103,7 @@ void Renderer::paint(Canvas& canvas, std::span<const Shape* const> shapes) const
     } catch (...) {
         std::abort();
     }
-    int Layer::* member = &Layer::count;
+    int Layer::*member = &Layer::count;
     (*m_function)(first.*member);
     goto done;
 done:
@@ -126,15 +118,11 @@ std::strong_ordering Layer::operator<=>(const Layer& other) const {
 
 void gallery::Renderer::reset() {}
 
-consteval int square(int x) {
-    return x * x;
-}
-
+consteval int square(int x) { return x * x; }
 constinit int answer = square(6) + 6;
 
 Generator<int> numbers(int limit) {
-    for (int i = 0; i < limit; ++i)
-        co_yield i;
+    for (int i = 0; i < limit; ++i) co_yield i;
     co_await std::suspend_always{};
     co_return;
 }

@@ -1,5 +1,6 @@
 // The languages as programs ask for them: by name, by file, by what injects them.
 #include "languages/catalogue/Catalogue.h"
+
 #include "languages/catalogue/CatalogueEntry.h"
 #include "languages/catalogue/CatalogueLanguageProvider.h"
 #include "languages/catalogue/LanguageNames.h"

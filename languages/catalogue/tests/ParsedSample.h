@@ -10,10 +10,16 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <string_view>
 
 namespace tessarine::languages {
+
+// In the names of tests.
+inline void PrintTo(const CatalogueEntry& entry, std::ostream* out) {
+    *out << entry.name;
+}
 
 // The folder of a language's queries, sample and list of captures.
 std::filesystem::path folderOf(const CatalogueEntry& entry);

@@ -14,10 +14,6 @@
 
 namespace tessarine::languages {
 
-static void PrintTo(const CatalogueEntry& entry, std::ostream* out) {
-    *out << entry.name;
-}
-
 namespace {
 
 // A query file of an entry with its source and what became of it.

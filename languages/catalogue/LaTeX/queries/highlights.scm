@@ -1,7 +1,26 @@
 ; Commands
 
 [(command_name) (todo_command_name)] @function
-(_ command: _ @function.command)
+[(acronym_definition command: _ @function.command) (acronym_reference command: _ @function.command)
+ (author_declaration command: _ @function.command) (caption command: _ @function.command)
+ (changes_replaced command: _ @function.command) (chapter command: _ @function.command)
+ (citation command: _ @function.command) (color_definition command: _ @function.command)
+ (color_reference command: _ @function.command) (color_set_definition command: _ @function.command)
+ (counter_addition command: _ @function.command) (counter_declaration command: _ @function.command)
+ (counter_definition command: _ @function.command) (counter_increment command: _ @function.command)
+ (counter_typesetting command: _ @function.command) (counter_value command: _ @function.command)
+ (counter_within_declaration command: _ @function.command) (counter_without_declaration command: _ @function.command)
+ (curly_group_command_name command: _ @function.command) (enum_item command: _ @function.command)
+ (glossary_entry_definition command: _ @function.command) (glossary_entry_reference command: _ @function.command)
+ (graphics_include command: _ @function.command) (hyperlink command: _ @function.command)
+ (inkscape_include command: _ @function.command) (label_definition command: _ @function.command)
+ (label_number command: _ @function.command) (label_reference command: _ @function.command)
+ (label_reference_range command: _ @function.command) (paragraph command: _ @function.command)
+ (part command: _ @function.command) (section command: _ @function.command)
+ (subparagraph command: _ @function.command) (subsection command: _ @function.command)
+ (subsubsection command: _ @function.command) (svg_include command: _ @function.command)
+ (text_mode command: _ @function.command) (title_declaration command: _ @function.command)
+ (verbatim_include command: _ @function.command)]
 (new_command_definition declaration: (command_name) @function.definition)
 (curly_group_command_name (command_name) @function.definition)
 (old_command_definition declaration: (command_name) @function.definition)

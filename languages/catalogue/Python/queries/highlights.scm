@@ -65,7 +65,7 @@
 
 ; Documentation
 
-(module
+(module . (comment)* .
   (expression_statement
     (string [(string_start) (string_content) (string_end)] @comment.documentation)))
 (class_definition
