@@ -43,6 +43,10 @@ namespace {
 
 constexpr float selectionAlpha = 0.25F;
 
+// Points between text, gutter and edges.
+constexpr double textInset = 6;
+constexpr double gutterPadding = 6;
+
 std::shared_ptr<TextView> makeTextView() {
     auto textView = TextView::create({.textShaper = std::make_shared<QtTextShaper>(),
                                       .textMeasurer = std::make_shared<QtTextMeasurer>(),
@@ -51,6 +55,10 @@ std::shared_ptr<TextView> makeTextView() {
     textView->scrollView()->setBackgroundColor(semanticColors::systemBackground);
     textView->setInsertionPointColor(semanticColors::label);
     textView->setSelectionHighlightColor(semanticColors::systemBlue.withAlpha(selectionAlpha));
+    textView->setTextContainerInset(
+        {.top = textInset, .left = textInset, .bottom = textInset, .right = textInset});
+    textView->setGutterLeadingPadding(gutterPadding);
+    textView->setGutterTrailingPadding(gutterPadding);
     textView->setCaretShown(false);
     return textView;
 }
@@ -233,8 +241,10 @@ void QtTextView::scrollContentsBy(int dx, int dy) {
 }
 
 void QtTextView::keyPressEvent(QKeyEvent* event) {
+    const auto selection = textView().selectedRange();
     event->setAccepted(m_parts->keys.press(*event));
     if (event->isAccepted()) m_parts->touch.handles().hide();
+    if (textView().selectedRange() != selection) m_parts->clipboard.offerSelection();
 }
 
 void QtTextView::focusInEvent(QFocusEvent* event) {

@@ -46,6 +46,14 @@ TEST_F(TextPointerTest, ClicksPlaceAndExtend) {
     EXPECT_EQ(ends(), Ends(9, 1));
 }
 
+TEST_F(TextPointerTest, AReleaseThatWentElsewhereEndsTheDrag) {
+    show(u"one two\nthree");
+    mouse(QEvent::MouseButtonPress, placeOf(9));
+    QTest::mouseMove(widget.viewport(), placeOf(1));
+    QTest::mouseMove(widget.viewport(), placeOf(3));
+    EXPECT_EQ(ends(), Ends(9, 9));
+}
+
 TEST_F(TextPointerTest, SelectsWordsAndLinesByTwoAndThreeClicks) {
     show(u"one two\nthree four\nfive");
     pressOn(10, 2);
