@@ -53,7 +53,6 @@ void SelectionMovement::move(CaretMovement movement, SelectionMode mode) {
     if (!m_textInputView.selectedRange()) return;
     const Selection old = selection();
     const bool collapses = mode == SelectionMode::move && old.anchor != old.head;
-    if (!isByRows(movement)) m_rowMovement.forgetSteps();
     std::int64_t head = 0;
     if (collapses && movement == CaretMovement::left)
         head = old.range().location;
@@ -61,6 +60,7 @@ void SelectionMovement::move(CaretMovement movement, SelectionMode mode) {
         head = old.range().limit();
     else
         head = destination(movement, old.head);
+    if (!isByRows(movement)) m_rowMovement.forgetSteps();
     apply(mode == SelectionMode::extend ? old.anchor : head, head);
 }
 
