@@ -21,7 +21,9 @@
 #include "Tessarine/view/interaction/ViewScrolling.h"
 #include "Tessarine/view/interaction/WheelSteps.h"
 
+#include <QtCore/QMimeData>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QDrag>
 #include <QtGui/QDropEvent>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QInputMethodEvent>
@@ -41,6 +43,10 @@ namespace {
 
 constexpr float selectionAlpha = 0.25F;
 
+// Points between text, gutter and edges.
+constexpr double textInset = 6;
+constexpr double gutterPadding = 6;
+
 std::shared_ptr<TextView> makeTextView() {
     auto textView = TextView::create({.textShaper = std::make_shared<QtTextShaper>(),
                                       .textMeasurer = std::make_shared<QtTextMeasurer>(),
@@ -49,6 +55,10 @@ std::shared_ptr<TextView> makeTextView() {
     textView->scrollView()->setBackgroundColor(semanticColors::systemBackground);
     textView->setInsertionPointColor(semanticColors::label);
     textView->setSelectionHighlightColor(semanticColors::systemBlue.withAlpha(selectionAlpha));
+    textView->setTextContainerInset(
+        {.top = textInset, .left = textInset, .bottom = textInset, .right = textInset});
+    textView->setGutterLeadingPadding(gutterPadding);
+    textView->setGutterTrailingPadding(gutterPadding);
     textView->setCaretShown(false);
     return textView;
 }
@@ -57,6 +67,13 @@ UserInterfaceStyle styleOf(const QPalette& palette) {
     const bool isDark =
         palette.color(QPalette::Text).lightnessF() > palette.color(QPalette::Base).lightnessF();
     return isDark ? UserInterfaceStyle::Dark : UserInterfaceStyle::Light;
+}
+
+// Until it has been dropped.
+Qt::DropAction dragAway(QWidget& viewport, std::unique_ptr<QMimeData> data, Qt::DropActions actions) {
+    auto* const drag = new QDrag(&viewport);
+    drag->setMimeData(data.release());
+    return drag->exec(actions, actions.testFlag(Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction);
 }
 
 } // namespace
@@ -70,6 +87,8 @@ public:
     }
 
     ~Parts() override { textView->setHost({}); }
+
+    void layoutTextView() override { textView->layoutIfNeeded(); }
 
     void textViewHasChanged(const TextViewUpdates::Changes& changes) override;
     void editingHasChanged() override;
@@ -93,7 +112,10 @@ public:
     TextClipboard clipboard{*textView};
     ViewScrolling scrolling{*textView, widget};
     TextKeys keys{*textView, clipboard};
-    TextDrag drag{*textView, clipboard, scrolling, viewport};
+    TextDrag drag{*textView, clipboard, scrolling, viewport,
+                  [this](std::unique_ptr<QMimeData> data, Qt::DropActions actions) {
+                      return dragAway(viewport, std::move(data), actions);
+                  }};
     MouseSelection mouse{*textView, clipboard, scrolling, viewport, [this] { drag.start(); }};
     TouchSelection touch{
         *textView,
@@ -106,7 +128,6 @@ public:
 };
 
 void QtTextView::Parts::textViewHasChanged(const TextViewUpdates::Changes& changes) {
-    textView->layoutIfNeeded();
     if (changes.scrolling) scrolling.showInBars();
     if (changes.caret) {
         showCaret();
@@ -220,13 +241,16 @@ void QtTextView::scrollContentsBy(int dx, int dy) {
 }
 
 void QtTextView::keyPressEvent(QKeyEvent* event) {
+    const auto selection = textView().selectedRange();
     event->setAccepted(m_parts->keys.press(*event));
     if (event->isAccepted()) m_parts->touch.handles().hide();
+    if (textView().selectedRange() != selection) m_parts->clipboard.offerSelection();
 }
 
 void QtTextView::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    if (!textView().isEditing()) textView().beginEditing();
+    textView().beginEditing();
+    if (textView().isSelectable() && !textView().selectedRange()) textView().setSelectedRange(TextRange{});
     m_parts->showCaret();
 }
 

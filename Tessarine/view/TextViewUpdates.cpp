@@ -20,7 +20,9 @@ void TextViewUpdates::schedule() {
     QMetaObject::invokeMethod(&m_queue, [this] { deliver(); }, Qt::QueuedConnection);
 }
 
+// What the layout changes is part of it.
 void TextViewUpdates::deliver() {
+    m_receiver.layoutTextView();
     m_isScheduled = false;
     m_receiver.textViewHasChanged(std::exchange(m_changes, {}));
 }

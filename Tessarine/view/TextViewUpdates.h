@@ -19,6 +19,7 @@ public:
     public:
         virtual ~Receiver() = default;
 
+        virtual void layoutTextView() = 0;
         virtual void textViewHasChanged(const Changes& changes) = 0;
         virtual void editingHasChanged() = 0;
         virtual void textWasReplaced(const TextRange& range, std::u16string_view oldText,

@@ -3,24 +3,15 @@
 #include "Tessarine/textview/TextView.h"
 #include "Tessarine/view/QtConversions.h"
 
-#include <QtGui/QAccessible>
 #include <QtWidgets/QWidget>
 
-#include <utility>
+#include <algorithm>
 
 namespace tessarine {
 
-namespace {
-
-void tell(QAccessibleEvent&& event) {
-    QAccessible::updateAccessibility(&event);
-}
-
-} // namespace
-
 void AccessibleTextEvents::textWasReplaced(const TextRange& range, std::u16string_view oldText,
                                            std::u16string_view newText) {
-    if (!QAccessible::isActive()) return;
+    if (!m_tools.areThere()) return;
     const int place = toQt(range.location);
     if (oldText.empty())
         tell(QAccessibleTextInsertEvent(&m_widget, place, toQt(newText)));
@@ -31,12 +22,12 @@ void AccessibleTextEvents::textWasReplaced(const TextRange& range, std::u16strin
 }
 
 void AccessibleTextEvents::allTextWasReplaced() {
-    if (QAccessible::isActive()) tell(QAccessibleEvent(&m_widget, QAccessible::VisibleDataChanged));
+    if (m_tools.areThere()) tell(QAccessibleEvent(&m_widget, QAccessible::VisibleDataChanged));
 }
 
 void AccessibleTextEvents::selectionHasChanged() {
     const Selection selection{.anchor = m_textView.movement().anchor(), .head = m_textView.movement().head()};
-    if (selection != m_told && QAccessible::isActive()) tellSelection(selection);
+    if (selection != m_told && m_tools.areThere()) tellSelection(selection);
     m_told = selection;
 }
 
@@ -46,7 +37,7 @@ void AccessibleTextEvents::tellSelection(const Selection& selection) {
         const auto [start, limit] = std::minmax(selection.anchor, selection.head);
         QAccessibleTextSelectionEvent event(&m_widget, toQt(start), toQt(limit));
         event.setCursorPosition(toQt(selection.head));
-        QAccessible::updateAccessibility(&event);
+        tell(std::move(event));
     }
     if (selection.head != m_told.head) tell(QAccessibleTextCursorEvent(&m_widget, toQt(selection.head)));
 }

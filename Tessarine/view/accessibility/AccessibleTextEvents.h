@@ -2,8 +2,12 @@
 
 #include "Tessarine/base/TextRange.h"
 
+#include <QtGui/QAccessible>
+
 #include <cstdint>
+#include <functional>
 #include <string_view>
+#include <utility>
 
 class QWidget;
 
@@ -11,14 +15,21 @@ namespace tessarine {
 
 class TextView;
 
+// The desktop's, or those of a test.
+struct AssistiveTools {
+    std::function<bool()> areThere = QAccessible::isActive;
+    std::function<void(QAccessibleEvent*)> tell = QAccessible::updateAccessibility;
+};
+
 // Tells assistive tools, if there are any, what has changed in a text view: the text of an edit, never that
 // of the document.
 class AccessibleTextEvents {
 public:
     // Borrows both.
-    AccessibleTextEvents(TextView& textView, QWidget& widget)
+    AccessibleTextEvents(TextView& textView, QWidget& widget, AssistiveTools tools = {})
         : m_textView(textView)
-        , m_widget(widget) {}
+        , m_widget(widget)
+        , m_tools(std::move(tools)) {}
 
     void textWasReplaced(const TextRange& range, std::u16string_view oldText, std::u16string_view newText);
     void allTextWasReplaced();
@@ -34,10 +45,13 @@ private:
         friend bool operator==(const Selection&, const Selection&) = default;
     };
 
+    void tell(QAccessibleEvent&& event) const { m_tools.tell(&event); }
+
     void tellSelection(const Selection& selection);
 
     TextView& m_textView;
     QWidget& m_widget;
+    const AssistiveTools m_tools;
     Selection m_told;
 };
 

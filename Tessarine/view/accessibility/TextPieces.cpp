@@ -6,28 +6,30 @@ namespace tessarine {
 
 namespace {
 
-constexpr double farRight = 1e9;
-
 TextRange characterAt(const StringView& text, std::int64_t location) {
     if (location == text.length()) return {.location = location};
     return text.composedRange(location, 1);
 }
 
-// The break belongs to the last row of its line.
-TextRange rowAt(TextView& textView, std::int64_t location) {
+bool isLineBreak(char16_t unit) {
+    return unit == u'\n' || unit == u'\r';
+}
+
+// In the row that holds the character: between two rows a caret shows in the first of them.
+Rect caretAt(TextView& textView, std::int64_t location) {
     const StringView& text = *textView.document().stringView;
-    const TextRange line = textView.movement().lineRange(location);
-    const bool isAtEnd = location == text.length();
-    const Rect place =
-        isAtEnd ? textView.caretRect(location) : textView.firstRect({.location = location, .length = 1});
-    const double y = (place.minY() + place.maxY()) / 2;
-    const std::int64_t start = textView.closestIndex({.x = 0, .y = y});
-    const std::int64_t limit = textView.closestIndex({.x = farRight, .y = y});
-    const TextRange rest{.location = limit, .length = line.limit() - limit};
-    const bool isLastRow =
-        rest.length <= 2 && textView.movement().lineRange(limit) == line &&
-        text.substring(rest.location, rest.length).find_first_not_of(u"\r\n") == std::u16string::npos;
-    return {.location = start, .length = (isLastRow ? line.limit() : limit) - start};
+    const bool isOnText = location < text.length() && !isLineBreak(text.characterAt(location));
+    return textView.caretRect(isOnText ? characterAt(text, location).limit() : location);
+}
+
+// Up to the next row of its line, or with the break to the end of the line.
+TextRange rowAt(TextView& textView, std::int64_t location) {
+    const Rect caret = caretAt(textView, location);
+    const std::int64_t start = textView.closestIndex({.x = 0, .y = caret.minY() + caret.height / 2});
+    const std::int64_t next = textView.closestIndex({.x = 0, .y = caret.maxY() + caret.height / 2});
+    const std::int64_t lineLimit = textView.movement().lineRange(location).limit();
+    const bool isLastRow = next <= start || next >= lineLimit;
+    return {.location = start, .length = (isLastRow ? lineLimit : next) - start};
 }
 
 } // namespace

@@ -1,17 +1,18 @@
-// Paints a picture of each theme with every sample, for people to look at.
+// Paints a picture of each theme with every sample, and some of the widget, for people to look at.
 //   view_gallery FOLDER
 #include "Tessarine/theme/DefaultTheme.h"
 #include "Tessarine/view/ViewPainter.h"
 #include "Tessarine/view/gallery/GalleryPage.h"
+#include "Tessarine/view/gallery/WidgetPictures.h"
 #include "themes/onedark/OneDarkTheme.h"
 #include "themes/plaintext/PlainTextTheme.h"
 #include "themes/tomorrow/TomorrowTheme.h"
 #include "themes/tomorrownight/TomorrowNightTheme.h"
 
 #include <QtCore/QDir>
-#include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
 
 #include <cstdio>
 
@@ -61,7 +62,8 @@ bool saveGallery(const QDir& folder) {
            save("onedark.png", paintedPages<themes::OneDarkTheme>()) &&
            save("plaintext.png", paintedPages<themes::PlainTextTheme>()) &&
            save("tomorrow.png", paintedPages<themes::TomorrowTheme>()) &&
-           save("tomorrownight.png", paintedPages<themes::TomorrowNightTheme>());
+           save("tomorrownight.png", paintedPages<themes::TomorrowNightTheme>()) &&
+           saveWidgetPictures(folder);
 }
 
 } // namespace
@@ -70,8 +72,8 @@ bool saveGallery(const QDir& folder) {
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    const QStringList arguments = QGuiApplication::arguments();
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2) {
         std::fputs("usage: view_gallery FOLDER\n", stderr);
         return 2;

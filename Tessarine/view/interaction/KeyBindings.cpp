@@ -89,7 +89,6 @@ constexpr std::array standardBindings{
     StandardBinding{QKeySequence::SelectEndOfDocument, extend<documentEnd>},
     StandardBinding{QKeySequence::SelectAll, selectAll},
 
-    StandardBinding{QKeySequence::Backspace, remove<TextDeletion::backward>},
     StandardBinding{QKeySequence::Delete, remove<TextDeletion::forward>},
     StandardBinding{QKeySequence::DeleteStartOfWord, remove<TextDeletion::wordBackward>},
     StandardBinding{QKeySequence::DeleteEndOfWord, remove<TextDeletion::wordForward>},
@@ -112,6 +111,7 @@ struct OwnBinding {
 constexpr std::array ownBindings{
     OwnBinding{Qt::Key_Tab, indent},
     OwnBinding{Qt::SHIFT | Qt::Key_Backtab, edit<&TextView::shiftLeft>},
+    OwnBinding{Qt::Key_Backspace, remove<TextDeletion::backward>},
     OwnBinding{Qt::SHIFT | Qt::Key_Backspace, remove<TextDeletion::backward>},
     OwnBinding{Qt::CTRL | Qt::SHIFT | Qt::Key_Backspace, remove<TextDeletion::toLineStart>},
     OwnBinding{Qt::CTRL | Qt::SHIFT | Qt::Key_Delete, remove<TextDeletion::toLineEnd>},

@@ -52,8 +52,10 @@ void MouseSelection::begin(Unit unit, std::int64_t location, Qt::KeyboardModifie
         movement.moveTo(location, SelectionMode::move);
 }
 
+// Something else on the screen may have taken the release.
 void MouseSelection::move(const QMouseEvent& event) {
     m_last = event.position();
+    if (m_unit != Unit::none && !event.buttons().testFlag(Qt::LeftButton)) release();
     if (m_unit == Unit::none) {
         showCursorFor(m_last);
     } else if (m_unit == Unit::heldText) {

@@ -6,9 +6,10 @@
 
 #include <QtCore/QMimeData>
 #include <QtCore/QPointer>
-#include <QtGui/QDrag>
 #include <QtGui/QDragMoveEvent>
 #include <QtWidgets/QWidget>
+
+#include <utility>
 
 namespace tessarine {
 
@@ -18,27 +19,26 @@ constexpr int scrollMargin = 16; // points inside of the edges, as a drag ends a
 
 } // namespace
 
-TextDrag::TextDrag(TextView& textView, TextClipboard& clipboard, ViewScrolling& scrolling, QWidget& viewport)
+TextDrag::TextDrag(TextView& textView, TextClipboard& clipboard, ViewScrolling& scrolling, QWidget& viewport,
+                   Execute execute)
     : m_textView(textView)
     , m_clipboard(clipboard)
     , m_scrolling(scrolling)
     , m_viewport(viewport)
+    , m_execute(std::move(execute))
     , m_caret(textView)
     , m_edgeScroll([this](const QPointF& step) { m_scrolling.moveBy(step); }) {}
 
-// What is edited meanwhile, by a drop within the view too, leaves nothing to remove.
+// What has been edited meanwhile, by a drop within the view too, is not removed.
 void TextDrag::start() {
     auto data = m_clipboard.selectedText();
     if (!data) return;
     const StringView& stringView = *m_textView.document().stringView;
     m_dragged = rangeInText(*m_textView.selectedRange(), stringView);
     const TextSnapshot text = stringView.snapshot();
-    const bool canMove = m_textView.isEditable();
-    auto* const drag = new QDrag(&m_viewport);
-    drag->setMimeData(data.release());
     const QPointer<QWidget> view(&m_viewport);
-    const Qt::DropAction action = drag->exec(canMove ? Qt::CopyAction | Qt::MoveAction : Qt::CopyAction,
-                                             canMove ? Qt::MoveAction : Qt::CopyAction);
+    const Qt::DropAction action = m_execute(
+        std::move(data), m_textView.isEditable() ? Qt::CopyAction | Qt::MoveAction : Qt::CopyAction);
     if (!view) return;
     if (action == Qt::MoveAction && m_textView.document().stringView->snapshot() == text) removeDragged();
     m_dragged.reset();
@@ -64,7 +64,7 @@ void TextDrag::drop(QDropEvent& event) {
     leave();
     if (!accept(event)) return;
     const std::int64_t location = locationAt(m_textView, event.position());
-    if (m_dragged && event.source() == &m_viewport)
+    if (m_dragged)
         dropOwn(event, location);
     else
         insert(*event.mimeData(), location);

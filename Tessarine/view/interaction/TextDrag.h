@@ -7,6 +7,8 @@
 #include <QtCore/QPointF>
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 
 class QDragMoveEvent;
@@ -24,8 +26,12 @@ class ViewScrolling;
 // the desktop's key for that is held. Files are left to whoever is around the view.
 class TextDrag {
 public:
+    // Drags something away, in one of these ways, and returns in which it has been dropped.
+    using Execute = std::function<Qt::DropAction(std::unique_ptr<QMimeData>, Qt::DropActions)>;
+
     // Borrows all.
-    TextDrag(TextView& textView, TextClipboard& clipboard, ViewScrolling& scrolling, QWidget& viewport);
+    TextDrag(TextView& textView, TextClipboard& clipboard, ViewScrolling& scrolling, QWidget& viewport,
+             Execute execute);
 
     // With the selection; returns when it has been dropped, by when the view may be gone.
     void start();
@@ -45,8 +51,9 @@ private:
     TextClipboard& m_clipboard;
     ViewScrolling& m_scrolling;
     QWidget& m_viewport;
+    const Execute m_execute;
 
-    std::optional<TextRange> m_dragged; // until it has been moved
+    std::optional<TextRange> m_dragged; // by start(), until it has been moved
     DropCaret m_caret;
     EdgeScroll m_edgeScroll;
 };
