@@ -136,8 +136,8 @@ void FindSession::replaceAll() {
     if (!m_query || !m_view.isEditable()) return;
     m_replaceWork.start(
         this,
-        [text = text(), query = *m_query, replacement = *replacement] {
-            return std::pair(text, replacementsOfAll(text, query, replacement));
+        [text = text(), query = *m_query, replacement = *replacement, stop = m_replaceStop.get_token()] {
+            return std::pair(text, replacementsOfAll(text, query, replacement, stop));
         },
         [this](const auto& result) { finishReplacingAll(result.first, result.second); });
 }

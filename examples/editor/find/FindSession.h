@@ -10,6 +10,7 @@
 #include <QtCore/QTimer>
 
 #include <optional>
+#include <stop_token>
 
 namespace tessarine::editor {
 
@@ -19,6 +20,8 @@ namespace tessarine::editor {
 class FindSession : public QObject {
 public:
     FindSession(TextView& view, FindBar& bar, std::shared_ptr<MainExecutor> mainExecutor);
+
+    ~FindSession() override { m_replaceStop.request_stop(); }
 
     // With what is selected, if it is of one line.
     void open(bool withReplacing);
@@ -69,6 +72,7 @@ private:
 
     QTimer m_changeTimer; // some keystrokes make one search
     BackgroundSearch m_search;
+    std::stop_source m_replaceStop; // of the page's end, which waits for the work
     BackgroundWork m_replaceWork;
 };
 

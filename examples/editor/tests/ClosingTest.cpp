@@ -13,7 +13,7 @@ protected:
     }
 
     void closePage() {
-        page().view().setFocus();
+        goToText();
         press(Qt::Key_W, Qt::ControlModifier);
     }
 };

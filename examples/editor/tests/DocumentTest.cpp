@@ -17,7 +17,8 @@ protected:
 };
 
 TEST_F(DocumentTest, TheStatusLineTellsHowAFileIsWritten) {
-    open(QStringLiteral("a.c"), "\xEF\xBB\xBFint main() {\r\n  return 0;\r\n}\r\n");
+    open(QStringLiteral("a.c"),
+         QByteArray("\xEF\xBB\xBF") + QByteArray("int main() {\r\n  return 0;\r\n}\r\n").repeated(20));
     EXPECT_EQ(status(QStringLiteral("language")), QStringLiteral("C"));
     EXPECT_EQ(status(QStringLiteral("lineEnding")), QStringLiteral("CRLF"));
     EXPECT_EQ(status(QStringLiteral("encoding")), QStringLiteral("UTF-8 with BOM"));
@@ -35,15 +36,15 @@ TEST_F(DocumentTest, TheLanguageComesFromNameOrFirstLineAndCanBeChanged) {
     open(QStringLiteral("tool"), "#!/usr/bin/env node\nlet x = 1\n");
     EXPECT_EQ(page().language(), Language::JavaScript);
     EXPECT_TRUE(view().syntaxNode(20));
-    choose(QStringLiteral("Plain Text"));
+    choose(QStringLiteral("Language"), QStringLiteral("Plain Text"));
     EXPECT_EQ(status(QStringLiteral("language")), QStringLiteral("Plain Text"));
-    choose(QStringLiteral("Markdown"));
+    choose(QStringLiteral("Language"), QStringLiteral("Markdown"));
     EXPECT_EQ(page().language(), Language::Markdown);
 }
 
 TEST_F(DocumentTest, LineEndingsAreExchangedInOneStepAndFollowUndo) {
     open(QStringLiteral("a"), "one\ntwo\r\nthree\n");
-    choose(QStringLiteral("CR (old Mac)"));
+    choose(QStringLiteral("Line Endings"), QStringLiteral("CR (old Mac)"));
     EXPECT_EQ(text(), QStringLiteral("one\rtwo\rthree\r"));
     EXPECT_EQ(status(QStringLiteral("lineEnding")), QStringLiteral("CR"));
     view().undo();
@@ -53,7 +54,7 @@ TEST_F(DocumentTest, LineEndingsAreExchangedInOneStepAndFollowUndo) {
 
 TEST_F(DocumentTest, IndentationIsChosen) {
     open(QStringLiteral("a"), "text");
-    choose(QStringLiteral("Tabs: 8"));
+    choose(QStringLiteral("Indentation"), QStringLiteral("Tabs: 8"));
     press(Qt::Key_Tab);
     EXPECT_EQ(text(), QStringLiteral("\ttext"));
 }
@@ -73,9 +74,9 @@ TEST_F(DocumentTest, ALineIsGoneTo) {
 
 TEST_F(DocumentTest, SettingsAreTheSameInAllPagesAndAfterAStart) {
     open(QStringLiteral("a"), "text");
-    choose(QStringLiteral("One Dark"));
-    choose(QStringLiteral("Zoom In"));
-    choose(QStringLiteral("Invisible Characters"));
+    choose(QStringLiteral("Theme"), QStringLiteral("One Dark"));
+    choose(QStringLiteral("View"), QStringLiteral("Zoom In"));
+    choose(QStringLiteral("View"), QStringLiteral("Invisible Characters"));
     const double size = view().theme()->font().pointSize;
     m_window->newPage();
     EXPECT_EQ(view().theme()->font().pointSize, size);
@@ -84,7 +85,7 @@ TEST_F(DocumentTest, SettingsAreTheSameInAllPagesAndAfterAStart) {
     EXPECT_EQ(m_services->settings.viewOptions().theme, QStringLiteral("onedark"));
     EXPECT_EQ(view().theme()->font().pointSize, size);
     EXPECT_EQ(m_services->settings.recentFiles(), QStringList(m_folder.path(QStringLiteral("a"))));
-    choose(QStringLiteral("Actual Size"));
+    choose(QStringLiteral("View"), QStringLiteral("Actual Size"));
     EXPECT_EQ(view().theme()->font().pointSize, size - 1);
 }
 

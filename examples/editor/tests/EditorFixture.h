@@ -10,6 +10,7 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QTabWidget>
@@ -64,8 +65,15 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
     }
 
-    void save() {
+    // A question may have been in front, and on this screen nobody brings the window back.
+    void goToText() {
+        m_window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&*m_window));
         page().view().setFocus();
+    }
+
+    void save() {
+        goToText();
         press(Qt::Key_S, Qt::ControlModifier);
     }
 
@@ -96,10 +104,12 @@ protected:
         return false;
     }
 
-    // An entry of the menu bar, menus in menus included.
-    void choose(const QString& label) {
-        for (auto* const action : m_window->findChildren<QAction*>())
-            if (action->text().remove(u'&') == label) return action->trigger();
+    // An entry of a menu.
+    void choose(const QString& menuTitle, const QString& label) {
+        for (const auto* const menu : m_window->findChildren<QMenu*>())
+            for (auto* const action : menu->actions())
+                if (menu->title().remove(u'&') == menuTitle && action->text().remove(u'&') == label)
+                    return action->trigger();
         FAIL() << "no entry " << label.toStdString();
     }
 

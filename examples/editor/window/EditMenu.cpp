@@ -64,9 +64,9 @@ void addFinding(QMenu& menu, EditorWindow& window) {
                   [](EditorPage& page) { page.find().open(false); });
     addPageAction(menu, window, EditorWindow::tr("R&eplace…"), QKeySequence(Qt::CTRL | Qt::Key_H),
                   [](EditorPage& page) { page.find().open(true); });
-    addPageAction(menu, window, EditorWindow::tr("Find &Next"), QKeySequence::FindNext,
+    addPageAction(menu, window, EditorWindow::tr("Find &Next"), QKeySequence(Qt::Key_F3),
                   [](EditorPage& page) { page.find().findNext(); });
-    addPageAction(menu, window, EditorWindow::tr("Find Pre&vious"), QKeySequence::FindPrevious,
+    addPageAction(menu, window, EditorWindow::tr("Find Pre&vious"), QKeySequence(Qt::SHIFT | Qt::Key_F3),
                   [](EditorPage& page) { page.find().findPrevious(); });
     addPageAction(menu, window, EditorWindow::tr("Go to L&ine…"), QKeySequence(Qt::CTRL | Qt::Key_G),
                   [](EditorPage& page) { page.openGoToLine(); });

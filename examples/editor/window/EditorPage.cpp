@@ -78,8 +78,17 @@ void EditorPage::makeLayout() {
 }
 
 void EditorPage::connectFile() {
-    connect(&m_file, &PageFile::stateChanged, this, &EditorPage::stateChanged);
+    connect(&m_file, &PageFile::stateChanged, this, [this] {
+        // What is typed before the file is there would be lost.
+        const bool isWaiting = m_file.isLoading() && m_file.path().isEmpty();
+        textView().setEditable(!isWaiting && !m_file.isMalformed());
+        Q_EMIT stateChanged();
+    });
     connect(&m_file, &PageFile::opened, this, &EditorPage::show);
+    connect(&m_file, &PageFile::renamed, this, [this] {
+        // What somebody chose stays.
+        if (!m_language) setLanguage(languageOf(m_file.path(), textView().document().stringView->snapshot()));
+    });
     connect(&m_file, &PageFile::openFailed, this, &EditorPage::fail);
     connect(&m_file, &PageFile::changedOnDisk, this, &EditorPage::changedOnDisk);
     connect(&m_file, &PageFile::removedFromDisk, this, &EditorPage::removedFromDisk);
@@ -102,7 +111,6 @@ void EditorPage::connectView() {
 }
 
 void EditorPage::open(const QString& path) {
-    textView().setEditable(false); // what is typed before the file is there would be lost
     m_file.open(path, m_look.theme);
 }
 
@@ -113,10 +121,9 @@ bool EditorPage::isUnused() const {
 // A text that has not changed keeps what can be undone.
 void EditorPage::show(const OpenedDocument& document) {
     const TextSnapshot& read = document.state->document().stringView->snapshot();
-    const bool isSame = !document.isMalformed && textView().isEditable() &&
-                        read == textView().document().stringView->snapshot();
+    const bool isSame = m_isShown && read == textView().document().stringView->snapshot();
+    m_isShown = true;
     if (!isSame) showRead(document);
-    textView().setEditable(!document.isMalformed);
     if (document.isMalformed)
         m_notice->show(
             tr("This file is not valid %1. It is shown as far as it can be read, and cannot be edited.")

@@ -188,7 +188,7 @@ void EditorWindow::changeEvent(QEvent* event) {
 }
 
 void EditorWindow::closeEvent(QCloseEvent* event) {
-    if (m_isClosing) {
+    if (!pageToAskFor()) {
         m_services.settings.setWindowGeometry(saveGeometry());
         event->accept();
         return;
@@ -198,20 +198,28 @@ void EditorWindow::closeEvent(QCloseEvent* event) {
     closeNext();
 }
 
+EditorPage* EditorWindow::pageToAskFor() const {
+    for (EditorPage* const page : pages())
+        if (page->file().isModified() && !m_discarded.contains(page)) return page;
+    return nullptr;
+}
+
 // One question after the other; the first that is cancelled keeps the window, and every page.
 void EditorWindow::closeNext() {
-    for (EditorPage* const page : pages()) {
-        if (!page->file().isModified() || m_discarded.contains(page)) continue;
-        m_tabs->setCurrentWidget(page);
-        askToClose(*page, [this, page](bool mayClose) {
-            if (!mayClose) return;
-            if (page->file().isModified()) m_discarded.insert(page);
-            closeNext();
-        });
+    EditorPage* const page = pageToAskFor();
+    if (!page) {
+        close();
         return;
     }
-    m_isClosing = true;
-    close();
+    m_tabs->setCurrentWidget(page);
+    askToClose(*page, [this, page](bool mayClose) {
+        if (!mayClose) {
+            m_discarded.clear();
+            return;
+        }
+        if (page->file().isModified()) m_discarded.insert(page);
+        closeNext();
+    });
 }
 
 } // namespace tessarine::editor

@@ -52,6 +52,7 @@ private:
     void showState(EditorPage& page);
     void showTitle();
     void followSettings();
+    EditorPage* pageToAskFor() const;
     void closeNext();
     std::vector<EditorPage*> pages() const;
 
@@ -59,7 +60,6 @@ private:
     EditorLook m_look;
     QTabWidget* m_tabs;
     QSet<EditorPage*> m_discarded; // while the window is being closed: those whose changes may go
-    bool m_isClosing = false;
 };
 
 } // namespace tessarine::editor

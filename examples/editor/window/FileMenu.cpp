@@ -36,7 +36,8 @@ void addRecentFiles(QMenu& menu, EditorWindow& window) {
 void addSaving(QMenu& menu, EditorWindow& window) {
     QAction* const save = addPageAction(menu, window, EditorWindow::tr("&Save"), QKeySequence::Save,
                                         [](EditorPage& page) { savePage(page, [](bool) {}); });
-    QAction* const saveAs = addPageAction(menu, window, EditorWindow::tr("Save &As…"), QKeySequence::SaveAs,
+    QAction* const saveAs = addPageAction(menu, window, EditorWindow::tr("Save &As…"),
+                                          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
                                           [](EditorPage& page) { savePageAs(page, [](bool) {}); });
     QObject::connect(&window, &EditorWindow::currentPageChanged, save, [&window, save, saveAs] {
         const EditorPage* const page = window.currentPage();
@@ -57,7 +58,7 @@ void makeFileMenu(EditorWindow& window) {
     menu.addSeparator();
     addSaving(menu, window);
     menu.addSeparator();
-    addPageAction(menu, window, EditorWindow::tr("&Close"), QKeySequence::Close,
+    addPageAction(menu, window, EditorWindow::tr("&Close"), QKeySequence(Qt::CTRL | Qt::Key_W),
                   [&window](EditorPage& page) { window.closePage(page); });
     addWindowAction(menu, window, EditorWindow::tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q),
                     [&window] { window.close(); });

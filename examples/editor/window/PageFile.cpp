@@ -74,6 +74,7 @@ void PageFile::take(const QString& path, const OpenedDocument& document) {
 void PageFile::takeNewFile(const QString& path) {
     m_path = path;
     m_watch.watch(path, std::nullopt);
+    Q_EMIT renamed();
 }
 
 void PageFile::keepText() {
@@ -103,12 +104,13 @@ void PageFile::finishSave(const SaveRequest& request, const std::expected<FileId
                           const SaveCompletion& completion) {
     m_isSaving = false;
     if (saved) {
-        m_path = request.path;
+        const bool isRenamed = std::exchange(m_path, request.path) != request.path;
         m_format = request.format;
         m_identity = *saved;
         m_savedText = request.text;
         m_watch.watch(m_path, m_identity);
         textDidChange();
+        if (isRenamed) Q_EMIT renamed();
         Q_EMIT stateChanged();
     }
     if (!m_waitingSaves.empty()) {

@@ -79,6 +79,9 @@ Q_SIGNALS:
     // Path, format or one of the flags.
     void stateChanged();
 
+    // A name that no text was read from: of a new file, or one to save under.
+    void renamed();
+
     // By another program; told once each time. A text that is not modified is to be read anew.
     void changedOnDisk();
     void removedFromDisk();
