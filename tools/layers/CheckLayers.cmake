@@ -20,7 +20,7 @@ set(below_platform/foundation)
 set(below_themes Tessarine/theme Tessarine/base)
 set(below_languages Tessarine/document Tessarine/base)
 # The grammars are a table of foreign parsers, which only tests and benchmarks look into.
-set(below_Tessarine/view Tessarine/layout Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base themes
+set(below_Tessarine/view Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base themes
     languages/grammars)
 set(below_Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
 set(below_Tessarine/layout Tessarine/editing Tessarine/syntax Tessarine/document Tessarine/theme Tessarine/base languages/grammars)
