@@ -401,6 +401,7 @@ private:
     void syncMarkedRange();
     void tellOfReplacements(TextViewHost& host);
 
+    bool hasViewport() const;
     void viewportDidChange();
     void setCoveredHeight(double height);
     void updateContentSize(const Size& size);

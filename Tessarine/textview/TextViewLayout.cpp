@@ -68,6 +68,11 @@ Point TextView::contentPoint(const Point& pointInView) const {
     return {.x = pointInView.x + bounds.x, .y = pointInView.y + bounds.y};
 }
 
+bool TextView::hasViewport() const {
+    const Rect& frame = m_scrollView->frame();
+    return frame.width > 0 && frame.height > 0;
+}
+
 void TextView::setContentOffset(const Point& offset) {
     const Point inRange = contentOffsetInRange(*m_scrollView, offset);
     if (inRange == m_scrollView->contentOffset()) return;
@@ -98,6 +103,7 @@ void TextView::layoutIfNeeded() {
         if (!m_layoutManager->needsLayout()) break;
     }
     m_isLayingOut = false;
+    if (m_layoutManager->needsLayout() && hasViewport()) setNeedsSelectionLayout();
     layoutPageGuide();
     if (std::exchange(m_needsSelectionLayout, false)) layoutSelection();
 }
@@ -183,8 +189,7 @@ void TextView::textInputViewScrollToVisible(std::int64_t location) {
 
 // Where it lies is known only once what lies around it has been laid out.
 void TextView::scrollToVisible(std::int64_t location) {
-    const Rect& frame = m_scrollView->frame();
-    if (frame.width <= 0 || frame.height <= 0) return;
+    if (!hasViewport()) return;
     for (int pass = 0; pass < mostPasses; ++pass) {
         const Point before = m_scrollView->contentOffset();
         const auto head =
