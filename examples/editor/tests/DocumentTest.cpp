@@ -42,6 +42,19 @@ TEST_F(DocumentTest, TheLanguageComesFromNameOrFirstLineAndCanBeChanged) {
     EXPECT_EQ(page().language(), Language::Markdown);
 }
 
+TEST_F(DocumentTest, ALongTextIsEditedBeforeItIsParsed) {
+    open(QStringLiteral("long.c"), QByteArray("int f() {\n   return 0;\n}\n").repeated(25'000));
+    EXPECT_EQ(page().language(), Language::C);
+    view().setSelectedRange(TextRange{0, 0});
+    view().insertText(u"static ");
+    const auto isParsed = [this] {
+        const auto node = view().syntaxNode(0);
+        return node && node->type == "static";
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isParsed, 60'000));
+    EXPECT_EQ(status(QStringLiteral("indentation")), QStringLiteral("Spaces: 3"));
+}
+
 TEST_F(DocumentTest, LineEndingsAreExchangedInOneStepAndFollowUndo) {
     open(QStringLiteral("a"), "one\ntwo\r\nthree\n");
     choose(QStringLiteral("Line Endings"), QStringLiteral("CR (old Mac)"));

@@ -10,6 +10,7 @@
 #include "examples/editor/window/NoticeBar.h"
 #include "examples/editor/window/OpenDocument.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
 
@@ -147,6 +148,16 @@ void EditorPage::showRead(const OpenedDocument& document) {
     text.layoutIfNeeded();
     text.setContentOffset(offset);
     m_find->textDidChange();
+    if (m_language && !document.isParsed) parseLongText();
+}
+
+// The text shows without colours, and can be edited, until this is done.
+void EditorPage::parseLongText() {
+    textView().setLanguageMode(languageMode(*m_language), [page = QPointer(this)](bool isParsed) {
+        if (!page || !isParsed) return;
+        const auto detected = page->textView().document().languageMode->detectIndentStrategy();
+        page->setIndentStrategy(editor::indentStrategy(detected));
+    });
 }
 
 // A file that was shown stays on the screen.

@@ -76,6 +76,7 @@ private:
     void connectView();
     void show(const OpenedDocument& document);
     void showRead(const OpenedDocument& document);
+    void parseLongText();
     void fail(const LoadError& error);
     void changedOnDisk();
     void removedFromDisk();

@@ -17,6 +17,7 @@ struct OpenedDocument {
     FileFormat format;
     FileIdentity identity;
     bool isMalformed = false;
+    bool isParsed = false;
 };
 
 struct OpenRequest {
@@ -26,7 +27,8 @@ struct OpenRequest {
     std::shared_ptr<MainExecutor> mainExecutor;
 };
 
-// Reads the file and parses it. Blocks; any thread.
+// Reads the file, and parses it if it is not so long that its first sight would have to wait for that: then
+// the state is of plain text, whatever the language is. Blocks; any thread.
 std::expected<OpenedDocument, LoadError> openDocument(const OpenRequest& request);
 
 } // namespace tessarine::editor

@@ -5,6 +5,7 @@
 // one percent.
 #include "languages/grammars/Grammars.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <fstream>
 #include <iostream>
@@ -75,7 +76,8 @@ int main(int count, char** arguments) {
                                    static_cast<std::uint32_t>(text.size())),
             ts_tree_delete);
         const Errors errors = errorsIn(ts_tree_root_node(tree.get()));
-        const double percent = text.empty() ? 0 : 100.0 * static_cast<double>(errors.bytes) / text.size();
+        const double percent =
+            text.empty() ? 0 : 100.0 * static_cast<double>(errors.bytes) / static_cast<double>(text.size());
         good += percent < 1 ? 1 : 0;
         if (errors.bytes > 0) print(arguments[i], percent, errors);
     }
