@@ -58,6 +58,28 @@ void print(const char* path, double percent, const Errors& errors) {
     std::cout << '\n';
 }
 
+class Measure {
+public:
+    explicit Measure(const TSLanguage* language) { ts_parser_set_language(m_parser.get(), language); }
+
+    // The share of a file's bytes that are in errors, in percent; printed if there is any.
+    double of(const char* path) const {
+        const std::string text = contentOf(path);
+        if (text.empty()) return 0;
+        const std::unique_ptr<TSTree, decltype(&ts_tree_delete)> tree(
+            ts_parser_parse_string(m_parser.get(), nullptr, text.data(),
+                                   static_cast<std::uint32_t>(text.size())),
+            ts_tree_delete);
+        const Errors errors = errorsIn(ts_tree_root_node(tree.get()));
+        const double percent = 100.0 * static_cast<double>(errors.bytes) / static_cast<double>(text.size());
+        if (errors.bytes > 0) print(path, percent, errors);
+        return percent;
+    }
+
+private:
+    std::unique_ptr<TSParser, decltype(&ts_parser_delete)> m_parser{ts_parser_new(), ts_parser_delete};
+};
+
 } // namespace
 
 int main(int count, char** arguments) {
@@ -66,20 +88,8 @@ int main(int count, char** arguments) {
         std::cerr << "grammar_errors GRAMMAR FILE...\n";
         return 2;
     }
-    const std::unique_ptr<TSParser, decltype(&ts_parser_delete)> parser(ts_parser_new(), ts_parser_delete);
-    ts_parser_set_language(parser.get(), language);
-    int good = 0;
-    for (int i = 2; i < count; ++i) {
-        const std::string text = contentOf(arguments[i]);
-        const std::unique_ptr<TSTree, decltype(&ts_tree_delete)> tree(
-            ts_parser_parse_string(parser.get(), nullptr, text.data(),
-                                   static_cast<std::uint32_t>(text.size())),
-            ts_tree_delete);
-        const Errors errors = errorsIn(ts_tree_root_node(tree.get()));
-        const double percent =
-            text.empty() ? 0 : 100.0 * static_cast<double>(errors.bytes) / static_cast<double>(text.size());
-        good += percent < 1 ? 1 : 0;
-        if (errors.bytes > 0) print(arguments[i], percent, errors);
-    }
+    const Measure measure(language);
+    const auto good = std::count_if(arguments + 2, arguments + count,
+                                    [&](const char* path) { return measure.of(path) < 1; });
     std::cout << good << " of " << count - 2 << " files have errors in less than 1 % of their bytes\n";
 }
