@@ -44,7 +44,7 @@ public:
     }
 
     void scrollTo(qint64 line) override {
-        page().textView().setContentOffset({.y = lines().lineAtRow(line).yPosition()});
+        page().textView().setContentOffset({.y = lines().lineAtRow(line).data().yPosition()});
     }
 
     qint64 length() override { return page().textView().document().stringView->length(); }

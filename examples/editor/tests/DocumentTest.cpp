@@ -25,6 +25,8 @@ TEST_F(DocumentTest, TheStatusLineTellsHowAFileIsWritten) {
     EXPECT_EQ(status(QStringLiteral("indentation")), QStringLiteral("Spaces: 2"));
     EXPECT_EQ(status(QStringLiteral("place")), QStringLiteral("1:1"));
     view().setSelectedRange(TextRange{16, 4});
+    EXPECT_EQ(status(QStringLiteral("place")), QStringLiteral("2:7 (4 selected)"));
+    view().movement().select(20, 16);
     EXPECT_EQ(status(QStringLiteral("place")), QStringLiteral("2:3 (4 selected)"));
     open(QStringLiteral("plain"), "\xE9\n");
     EXPECT_EQ(status(QStringLiteral("language")), QStringLiteral("Plain Text"));

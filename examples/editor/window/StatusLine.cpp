@@ -20,7 +20,7 @@ namespace {
 QString placeOf(const EditorPage& page) {
     const TextRange selection = page.textView().selectedRange().value_or(TextRange());
     const QString place =
-        placeText(page.textView().textLocation(selection.location).value_or(TextLocation()));
+        placeText(page.textView().textLocation(page.textView().movement().head()).value_or(TextLocation()));
     if (selection.length == 0) return place;
     return QStatusBar::tr("%1 (%2 selected)").arg(place, QLocale().toString(selection.length));
 }
