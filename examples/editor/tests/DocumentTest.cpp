@@ -26,8 +26,8 @@ TEST_F(DocumentTest, TheStatusLineTellsHowAFileIsWritten) {
     EXPECT_EQ(status(QStringLiteral("place")), QStringLiteral("1:1"));
     view().setSelectedRange(TextRange{16, 4});
     EXPECT_EQ(status(QStringLiteral("place")), QStringLiteral("2:7 (4 selected)"));
-    view().movement().select(20, 16);
-    EXPECT_EQ(status(QStringLiteral("place")), QStringLiteral("2:3 (4 selected)"));
+    view().movement().select(21, 16);
+    EXPECT_EQ(status(QStringLiteral("place")), QStringLiteral("2:3 (5 selected)"));
     open(QStringLiteral("plain"), "\xE9\n");
     EXPECT_EQ(status(QStringLiteral("language")), QStringLiteral("Plain Text"));
     EXPECT_EQ(status(QStringLiteral("encoding")), QStringLiteral("Windows-1252"));
