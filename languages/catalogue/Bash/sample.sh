@@ -92,3 +92,12 @@ test -f /etc/os-release && . /etc/os-release
 time ls | wc -l; DEBUG=1 ./run --level=3 -x "${sizes[small]}" "${targets[@]:1:2}"
 { echo start; true; } > log.txt
 echo "${name/old/new}" "${!ref}" "${var:+set}"
+# Arrays, arithmetic and what is left of strings
+numbers=(1 2 [5]=3); numbers+=(4)
+(( numbers[0]++ )); let "copies -= 1"
+echo "${numbers[@]}" "${#numbers[*]}" "${name:0:3}" "${name,,}" "${name/%.sh/.txt}"
+while IFS=: read -r user _ id; do [[ $id -ge 1000 && $user == [a-z]* ]] && echo "$user"; done < /etc/passwd
+printf -v padded '%05d' "$(( 16#ff | 0x0f << 2 ))"
+exec 3>&1 4<input.txt; echo "to three" >&3
+coproc cat; [ -n "${BASH_VERSION-}" ] || exit 1
+if (( copies > 5 )) || test "$1" -lt 3; then unset "numbers[0]"; elif false; then :; fi

@@ -89,3 +89,17 @@ async function save(change) {
 }
 
 export default lazy(() => Chooser);
+export function* pages(list, size = 10) {
+  for (let at = 0; at < list.length; at += size) {
+    yield <Form.Page key={at}>{list.slice(at, at + size).map(({ id, name: title }) => <li key={id}>{title}</li>)}</Form.Page>;
+  }
+}
+
+export const Status = ({ kind }) => {
+  switch (kind) {
+    case "busy":
+      return <progress max={100} value="40" aria-busy='true' />;
+    default:
+      return typeof kind === "string" ? <my-label text="a &lt; b">{kind}</my-label> : null;
+  }
+};

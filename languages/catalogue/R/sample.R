@@ -83,3 +83,25 @@ summary.station <- function(object, ...) UseMethod("summary")
 DT[, total := sum(x), by = .(group)]
 ?mean
 x <- if (nrow(monthly) < 1 && TRUE) "none" else 'some'
+# Objects that know their methods
+Account <- setRefClass("Account",
+  fields = list(balance = "numeric"),
+  methods = list(
+    deposit = function(x) {
+      "Adds to the balance"
+      balance <<- balance + x
+      invisible(.self)
+    }
+  )
+)
+account <- Account$new(balance = 100)$deposit(1e2)
+stopifnot(identical(account$balance, 200), !FALSE || F)
+f <- y ~ x | group
+squares <- vapply(1:10, \(i) i^2L, numeric(1))
+m <- matrix(0, 2, 2) %*% diag(2) %o% 1:2
+m[1, ] <- -squares[-1][1:2]
+`my name` <- "a 'quoted' \"text\" \x41 \\"
+text <- r"---(raw "text" with )" in it)---"
+NULL -> nothing; NA_character_ -> missing
+x$`odd name`$b@slot[["c"]]
+if (is.na(x)) y <- 0x1F else y <- .5e-2

@@ -86,3 +86,16 @@ abstract class Store<State> {
     return () => void (this.listeners = this.listeners.filter((each) => each !== listener));
   }
 }
+const Context = React.createContext<{ tone: Tone } | undefined>(undefined);
+
+export const Themed: React.FC<{ tone?: Tone }> = React.memo(function Themed({ tone = Tone.Quiet, ...rest }) {
+  const box = React.useRef<HTMLDivElement>(null);
+  return (
+    <Context.Provider value={{ tone } satisfies { tone: Tone }}>
+      <div ref={box} data-tone={tone as string} style={{ margin: -1, width: `${50 + 2}%` }} hidden={!box} {...rest} />
+    </Context.Provider>
+  );
+});
+
+type Props<C> = C extends React.ComponentType<infer P> ? { [K in keyof P]?: P[K] } : never;
+declare function isRow(value: unknown): value is RowProps;

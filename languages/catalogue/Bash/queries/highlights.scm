@@ -30,6 +30,11 @@
 
 (number) @number
 (file_descriptor) @number
+
+; In arithmetic the grammar takes a hexadecimal number for a name.
+((variable_name) @number
+  (#match? @number "^0[xX][0-9a-fA-F]+$"))
+
 [(string) (raw_string) (ansi_c_string) (translated_string)] @string
 [(heredoc_body) (heredoc_start) (heredoc_end)] @string
 (case_item value: (_) @string.pattern)

@@ -23,5 +23,6 @@
 (decimal_digits) @number
 (alternation "|" @operator)
 
-["(" ")" "(?:" "(?<" "(?P<" ">" "<" "[" "]" "[:" ":]"] @punctuation.bracket
+["(" ")" "(?:" "(?P<" ">" "<" "[" "]" "[:" ":]"] @punctuation.bracket
+(named_capturing_group "(?<" @punctuation.bracket)
 (inline_flags_group ["(?" "-" ":"] @punctuation.bracket)
