@@ -14,11 +14,14 @@ if(QUILLET_SANITIZERS)
   add_link_options(-fsanitize=${QUILLET_SANITIZERS})
 endif()
 
+# For what is installed: where nothing is debugged, objects name their sources from the root of the tree, wherever it was.
+set(source_names $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
+
 # third_party_c(target): C of others, without our warnings and optimised in every build: a parser that is not takes
 # several times as long.
 function(third_party_c target)
   set_target_properties(${target} PROPERTIES C_STANDARD 11 POSITION_INDEPENDENT_CODE ON)
-  target_compile_options(${target} PRIVATE -w -O2)
+  target_compile_options(${target} PRIVATE -w -O2 ${source_names})
 endfunction()
 
 # quillet_library(name SOURCES ... LINK ...): the static library of one folder.

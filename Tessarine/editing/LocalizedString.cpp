@@ -7,11 +7,12 @@ namespace tessarine {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 4> localizable{{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 5> localizable{{
     {typingActionName, "Typing"},
     {replaceAllActionName, "Replace All"},
-    {"undo.action_name.move_lines_up", "Move Lines Up"},
-    {"undo.action_name.move_lines_down", "Move Lines Down"},
+    {moveLinesUpActionName, "Move Lines Up"},
+    {moveLinesDownActionName, "Move Lines Down"},
+    {replaceItemTitle, "Replace"},
 }};
 
 } // namespace

@@ -37,14 +37,19 @@ void TextInputView::setState(const TextViewState& state) {
 
 void TextInputView::setDocument(EditedDocument document) {
     m_document = std::move(document);
-    const auto mode = std::dynamic_pointer_cast<TreeSitterInternalLanguageMode>(m_document.languageMode);
-    if (mode) mode->setDelegate(weak_from_this());
-    m_indentController.setDocument(m_document);
+    setLanguageMode(m_document.languageMode);
     m_layout->setDocument(m_document);
     m_layout->setTabWidth(m_indentController.tabWidth());
     m_layout->invalidateContentSize();
     m_layout->removeAllLines();
     m_layout->setNeedsLayout();
+}
+
+void TextInputView::setLanguageMode(std::shared_ptr<InternalLanguageMode> languageMode) {
+    m_document.languageMode = std::move(languageMode);
+    const auto mode = std::dynamic_pointer_cast<TreeSitterInternalLanguageMode>(m_document.languageMode);
+    if (mode) mode->setDelegate(weak_from_this());
+    m_indentController.setDocument(m_document);
 }
 
 std::u16string TextInputView::withLineEndings(std::u16string_view text) const {
@@ -96,20 +101,31 @@ bool TextInputView::insertText(std::u16string_view text) {
 
 void TextInputView::deleteBackward() {
     const auto range = targetRange();
-    if (!range || range->length < 1) return;
-    const TextRange deletion = rangeToDelete(*range);
+    if (range && range->length > 0) deleteCharacters(*range, std::nullopt);
+}
+
+void TextInputView::deleteInFrontOfCaret() {
+    const auto caret = targetRange();
+    if (!caret || caret->length > 0 || caret->location == 0) return;
+    deleteCharacters({caret->location - 1, 1}, caret);
+}
+
+void TextInputView::deleteCharacters(TextRange range, std::optional<TextRange> selectedRangeAfterUndo) {
+    const TextRange deletion = rangeToDelete(range);
     if (deletion == m_markedRange) m_markedRange.reset();
     if (!shouldChangeText(deletion, u"")) return;
-    std::optional<TextRange> selectionAfterUndo;
-    if (deletion.length == 1) selectionAfterUndo = TextRange{range->limit(), 0};
-    const bool isStepOfItsOwn = range->length >= 2;
-    if (isStepOfItsOwn) {
-        m_undoManager.endUndoGrouping();
-        m_undoManager.beginUndoGrouping();
-    }
-    replaceCharacters(inText(deletion), u"", selectionAfterUndo, typingActionName);
+    if (!selectedRangeAfterUndo && deletion.length == 1) selectedRangeAfterUndo = TextRange{range.limit(), 0};
+    const bool isStepOfItsOwn = range.length >= 2;
+    if (isStepOfItsOwn) beginUndoStep();
+    replaceCharacters(inText(deletion), u"", selectedRangeAfterUndo, typingActionName);
     if (const auto inputDelegate = m_inputDelegate.lock()) inputDelegate->selectionChanged();
     if (isStepOfItsOwn) m_undoManager.endUndoGrouping();
+}
+
+// Of what is done until its group ends.
+void TextInputView::beginUndoStep() {
+    m_undoManager.endUndoGrouping();
+    m_undoManager.beginUndoGrouping();
 }
 
 TextRange TextInputView::rangeToDelete(TextRange range) const {
@@ -127,7 +143,10 @@ void TextInputView::replace(TextRange range, std::u16string_view text) {
 }
 
 bool TextInputView::shouldChangeText(TextRange range, std::u16string_view text) {
-    if (CharacterPairTyping(*this).handle(range, text)) return false;
+    return !CharacterPairTyping(*this).handle(range, text) && delegateAllows(range, text);
+}
+
+bool TextInputView::delegateAllows(TextRange range, std::u16string_view text) const {
     const auto viewDelegate = delegate();
     return !viewDelegate || viewDelegate->textInputViewShouldChangeText(range, text);
 }

@@ -55,6 +55,9 @@ public:
 
     void setState(const TextViewState& state);
 
+    // For the document as it is; it has to know the text already, or soon.
+    void setLanguageMode(std::shared_ptr<InternalLanguageMode> languageMode);
+
     LineEnding lineEndings() const { return m_lineEndings; }
 
     void setLineEndings(LineEnding lineEndings) { m_lineEndings = lineEndings; }
@@ -91,11 +94,32 @@ public:
     // indent around it. Does nothing where that range is empty.
     void deleteBackward();
 
+    // The same of the character or indent in front of a caret. Does nothing where something is selected or
+    // marked.
+    void deleteInFrontOfCaret();
+
     // Puts in a text with the document's line breaks, if the delegate allows it.
     void replace(TextRange range, std::u16string_view text);
 
+    // The same in place of the selection, as an undo step of its own.
+    void paste(std::u16string_view text);
+
     void shiftLeft();
     void shiftRight();
+
+    // Exchanges the lines of the selection with the one above (-1) or below (1), as an undo step of its own.
+    // The selection goes along.
+    void moveSelectedLines(std::int64_t offset, std::string_view undoActionName);
+
+    // The same with any text to any other place, by a pointer; it is selected there. Not into itself.
+    void moveText(TextRange range, std::int64_t location);
+
+    // A text that an input method has not settled yet goes in place of the marked range, else of the
+    // selection, and is marked. What is selected counts from its start. Without effect where the delegate
+    // does not allow the text.
+    void setMarkedText(std::u16string_view text, TextRange selectedRange);
+
+    void unmarkText() { m_markedRange.reset(); }
 
     // Asks character pairs and delegate. False means that the text must not go in, or has been dealt with.
     bool shouldChangeText(TextRange range, std::u16string_view text);
@@ -125,9 +149,14 @@ private:
     void setDocument(EditedDocument document);
     std::optional<TextRange> targetRange() const;
     TextRange rangeToDelete(TextRange range) const;
+    void deleteCharacters(TextRange range, std::optional<TextRange> selectedRangeAfterUndo);
+    bool delegateAllows(TextRange range, std::u16string_view text) const;
+    void beginUndoStep();
+    void moveText(TextRange range, std::int64_t location, std::u16string_view text, TextRange selectionThere,
+                  std::string_view undoActionName);
     void shift(void (IndentController::*shiftLines)(TextRange));
 
-    void registerReplacement(TextRange range, TextRange newRange,
+    void registerReplacement(std::u16string oldText, TextRange newRange,
                              std::optional<TextRange> selectedRangeAfterUndo,
                              std::string_view undoActionName);
     void applyLineChanges(const LineChangeSet& changes);

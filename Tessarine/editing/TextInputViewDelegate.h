@@ -29,6 +29,13 @@ public:
     // view.
     virtual void textInputViewScrollToVisible(std::int64_t location) = 0;
 
+    // Of each replacement, when text and lines are the new ones and the layout does not know yet.
+    virtual void textInputViewDidReplace(const TextRange& range, std::u16string_view oldText,
+                                         std::u16string_view newText) = 0;
+
+    // The same of the whole text.
+    virtual void textInputViewDidExchangeText() = 0;
+
     virtual void textInputViewDidChange() = 0;
     virtual void textInputViewDidChangeSelection() = 0;
 

@@ -10,13 +10,15 @@ void TextInputView::replaceCharacters(TextRange range, std::u16string_view text,
                                       std::optional<TextRange> selectedRangeAfterUndo,
                                       std::string_view undoActionName) {
     const TextRange newRange{range.location, std::ssize(text)};
-    registerReplacement(range, newRange, selectedRangeAfterUndo ? selectedRangeAfterUndo : m_selectedRange,
+    const std::u16string oldText = m_document.stringView->substring(range.location, range.length);
+    registerReplacement(oldText, newRange, selectedRangeAfterUndo ? selectedRangeAfterUndo : m_selectedRange,
                         undoActionName);
     m_selectedRange = TextRange{newRange.limit(), 0};
     TextEditHelper helper(*m_document.stringView, *m_document.lineManager, m_lineEndings);
     TextEditResult result = helper.replaceCharacters(range, text);
     const bool didAddOrRemoveLines = result.didAddOrRemoveLines();
     result.lineChangeSet.unionWith(m_document.languageMode->textDidChange(result.languageModeTextChange()));
+    if (const auto viewDelegate = delegate()) viewDelegate->textInputViewDidReplace(range, oldText, text);
     applyLineChanges(result.lineChangeSet);
     m_layout->layoutIfNeeded();
     tellChange();
@@ -25,18 +27,17 @@ void TextInputView::replaceCharacters(TextRange range, std::u16string_view text,
 }
 
 // What undoes it is a replacement again, and so is redone.
-void TextInputView::registerReplacement(TextRange range, TextRange newRange,
+void TextInputView::registerReplacement(std::u16string oldText, TextRange newRange,
                                         std::optional<TextRange> selectedRangeAfterUndo,
                                         std::string_view undoActionName) {
     m_undoManager.beginUndoGrouping();
     m_undoManager.setActionName(localizedString(undoActionName));
-    m_undoManager.registerUndo(
-        weak_from_this(),
-        [newRange, selectedRangeAfterUndo, name = std::string(undoActionName),
-         oldText = m_document.stringView->substring(range.location, range.length)](TextInputView& view) {
-            view.replaceCharacters(view.inText(newRange), oldText, std::nullopt, name);
-            view.setSelectedRange(selectedRangeAfterUndo);
-        });
+    m_undoManager.registerUndo(weak_from_this(),
+                               [newRange, selectedRangeAfterUndo, name = std::string(undoActionName),
+                                oldText = std::move(oldText)](TextInputView& view) {
+                                   view.replaceCharacters(view.inText(newRange), oldText, std::nullopt, name);
+                                   view.setSelectedRange(selectedRangeAfterUndo);
+                               });
 }
 
 void TextInputView::applyLineChanges(const LineChangeSet& changes) {
@@ -103,6 +104,7 @@ void TextInputView::setString(TextStore text) {
     const auto inputDelegate = m_inputDelegate.lock();
     if (inputDelegate) inputDelegate->selectionWillChange();
     if (m_selectedRange) m_selectedRange = inText(*m_selectedRange);
+    if (const auto viewDelegate = delegate()) viewDelegate->textInputViewDidExchangeText();
     m_layout->invalidateContentSize();
     m_layout->removeAllLines();
     m_layout->setNeedsLayout();

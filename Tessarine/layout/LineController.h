@@ -91,6 +91,9 @@ public:
     // The syntax has changed, but not the text.
     void invalidateSyntaxHighlighting();
 
+    // Colours that are on their way are called off: others are waited for now.
+    void didLeaveScreen() { cancelSyntaxHighlighting(); }
+
     // The language mode has changed: another highlighter is asked for.
     void invalidateSyntaxHighlighter();
 
@@ -144,6 +147,8 @@ private:
     LineSyntaxHighlighter& syntaxHighlighter();
     void cancelSyntaxHighlighting();
     void highlight(const TextRange& range, bool asynchronously);
+    void highlightLater(const TextRange& range, LineSyntaxHighlighterInput input);
+    bool isAwaiting(const TextRange& range) const;
     void didHighlight(const TextRange& range, const std::shared_ptr<AttributedString>& highlighted);
     void didHighlightInBackground(const TextRange& range,
                                   const std::shared_ptr<AttributedString>& highlighted);
@@ -170,9 +175,20 @@ private:
     double m_kern = 0;
     std::optional<TextRange> m_markedRange;
 
+    // Highlights in the background, of which there is one at a time.
+    struct AwaitedHighlight {
+        TextRange range;
+        std::shared_ptr<const AttributedString> string; // that gets the attributes
+
+        bool covers(const TextRange& other) const {
+            return range.location <= other.location && other.limit() <= range.limit();
+        }
+    };
+
     // What the stages have made.
     std::shared_ptr<AttributedString> m_attributedString;
     std::shared_ptr<LineSyntaxHighlighter> m_cachedSyntaxHighlighter;
+    std::optional<AwaitedHighlight> m_awaitedHighlight;
     HighlightedWindows m_highlightedWindows; // of a long line
     LineTypesetter m_typesetter;
     LineFragmentTree m_lineFragmentTree;

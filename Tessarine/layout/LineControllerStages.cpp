@@ -9,7 +9,6 @@
 namespace tessarine {
 
 void LineController::prepareToDisplayString(const TypesetAmount& amount, bool syntaxHighlightAsynchronously) {
-    syntaxHighlighter().cancel();
     clearLineFragmentControllersIfNeeded();
     updateString();
     updateDefaultAttributes();
@@ -64,10 +63,12 @@ void LineController::setDefaultAttributes(AttributedString& string) {
 void LineController::updateSyntaxHighlighting(bool asynchronously) {
     if (!m_isSyntaxHighlightingInvalid) return;
     m_highlightedWindows.clear();
-    if (!m_attributedString || isLong() || !syntaxHighlighter().canHighlight())
+    if (!m_attributedString || isLong() || !syntaxHighlighter().canHighlight()) {
         m_isSyntaxHighlightingInvalid = false;
-    else
-        highlight({.location = 0, .length = m_attributedString->length()}, asynchronously);
+        return;
+    }
+    const TextRange whole{.location = 0, .length = m_attributedString->length()};
+    if (!asynchronously || !isAwaiting(whole)) highlight(whole, asynchronously);
 }
 
 void LineController::updateTypesetter() {
@@ -108,6 +109,7 @@ LineSyntaxHighlighter& LineController::syntaxHighlighter() {
 
 // What is on its way would land on another text or tell an older syntax.
 void LineController::cancelSyntaxHighlighting() {
+    m_awaitedHighlight.reset();
     if (m_cachedSyntaxHighlighter) m_cachedSyntaxHighlighter->cancel();
 }
 
@@ -120,17 +122,28 @@ void LineController::highlight(const TextRange& range, bool asynchronously) {
         .attributedString = string,
         .byteRange = {ByteCount::ofCodeUnits(m_line->location() + range.location),
                       ByteCount::ofCodeUnits(range.length)}};
-    LineSyntaxHighlighter& highlighter = syntaxHighlighter();
-    if (!asynchronously) {
-        highlighter.cancel();
-        highlighter.syntaxHighlight(input);
-        return didHighlight(range, string);
-    }
-    highlighter.syntaxHighlight(std::move(input), [controller = weak_from_this(), range,
-                                                   string](const LineSyntaxHighlighter::Result& result) {
+    cancelSyntaxHighlighting();
+    if (asynchronously) return highlightLater(range, std::move(input));
+    syntaxHighlighter().syntaxHighlight(input);
+    didHighlight(range, string);
+}
+
+void LineController::highlightLater(const TextRange& range, LineSyntaxHighlighterInput input) {
+    const auto string = input.attributedString;
+    m_awaitedHighlight = {range, string};
+    syntaxHighlighter().syntaxHighlight(std::move(input), [controller = weak_from_this(), range, string](
+                                                              const LineSyntaxHighlighter::Result& result) {
         const auto living = controller.lock();
-        if (result && living) living->didHighlightInBackground(range, string);
+        if (!living) return;
+        auto& awaited = living->m_awaitedHighlight;
+        if (awaited && awaited->string == string) awaited.reset();
+        if (result) living->didHighlightInBackground(range, string);
     });
+}
+
+// Whatever makes colours stale has called them off.
+bool LineController::isAwaiting(const TextRange& range) const {
+    return m_awaitedHighlight && m_awaitedHighlight->covers(range);
 }
 
 void LineController::didHighlight(const TextRange& range,
@@ -174,7 +187,7 @@ void LineController::highlightWhatShows(const TypesetAmount& amount, bool asynch
     if (!syntaxHighlighter().canHighlight()) return;
     while (const auto shown = rangeOfRows(amount)) {
         const auto missing = m_highlightedWindows.missing(*shown, m_attributedString->length());
-        if (!missing) return;
+        if (!missing || (asynchronously && isAwaiting(*missing))) return;
         highlight(*missing, asynchronously);
         if (asynchronously) return;
         typeset(amount);

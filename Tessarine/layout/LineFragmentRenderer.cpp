@@ -14,14 +14,15 @@ void LineFragmentRenderer::draw(DrawContext& context) const {
 void LineFragmentRenderer::drawMarkedText(DrawContext& context) const {
     if (!m_markedRange) return;
     const DrawStateScope scope(context);
-    const double x1 = m_lineFragment->line->offsetForStringIndex(m_markedRange->location);
-    const double x2 = m_lineFragment->line->offsetForStringIndex(m_markedRange->limit());
-    const Rect frame{.x = x1, .width = x2 - x1, .height = m_lineFragment->scaledSize.height};
     context.setFillColor(m_markedTextBackgroundColor);
-    if (m_markedTextBackgroundCornerRadius > 0)
-        context.fillRoundedRect(frame, m_markedTextBackgroundCornerRadius);
-    else
-        context.fillRect(frame);
+    for (const TextLine::Span& span : m_lineFragment->line->spansOf(*m_markedRange)) {
+        const Rect frame{
+            .x = span.minX, .width = span.maxX - span.minX, .height = m_lineFragment->scaledSize.height};
+        if (m_markedTextBackgroundCornerRadius > 0)
+            context.fillRoundedRect(frame, m_markedTextBackgroundCornerRadius);
+        else
+            context.fillRect(frame);
+    }
 }
 
 void LineFragmentRenderer::drawInvisibles(DrawContext& context) const {
@@ -30,16 +31,18 @@ void LineFragmentRenderer::drawInvisibles(DrawContext& context) const {
     if (!string) return;
     std::int64_t index = m_lineFragment->range.location;
     for (const std::u16string_view character : charactersOf(*string)) {
+        const TextRange range{.location = index, .length = static_cast<std::int64_t>(character.size())};
         if (const auto mark = m_invisibleCharacterConfiguration->markOf(character))
-            drawSymbol(*mark, index, context);
-        index += static_cast<std::int64_t>(character.size());
+            drawSymbol(*mark, range, context);
+        index = range.limit();
     }
 }
 
-void LineFragmentRenderer::drawSymbol(const InvisibleCharacterConfiguration::Mark& mark, std::int64_t index,
-                                      DrawContext& context) const {
+// On the character, to whichever side it runs.
+void LineFragmentRenderer::drawSymbol(const InvisibleCharacterConfiguration::Mark& mark,
+                                      const TextRange& character, DrawContext& context) const {
     const double x =
-        mark.isAtEnd ? m_lineFragment->baseSize.width : m_lineFragment->line->offsetForStringIndex(index);
+        mark.isAtEnd ? m_lineFragment->baseSize.width : m_lineFragment->line->spansOf(character).front().minX;
     context.drawText(mark.symbol, m_invisibleCharacterConfiguration->font(),
                      m_invisibleCharacterConfiguration->textColor(),
                      {.x = x,

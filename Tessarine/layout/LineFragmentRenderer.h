@@ -55,7 +55,7 @@ public:
 private:
     void drawMarkedText(DrawContext& context) const;
     void drawInvisibles(DrawContext& context) const;
-    void drawSymbol(const InvisibleCharacterConfiguration::Mark& mark, std::int64_t index,
+    void drawSymbol(const InvisibleCharacterConfiguration::Mark& mark, const TextRange& character,
                     DrawContext& context) const;
     void drawText(DrawContext& context) const;
     std::optional<std::u16string> text() const;

@@ -4,6 +4,7 @@
 #include "Tessarine/layout/TypographicBounds.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace tessarine {
 
@@ -14,6 +15,14 @@ namespace tessarine {
 // string there may be a hundred thousand, most of them off the screen, so they should be small.
 class TextLine {
 public:
+    // A stretch of the row as one sees it.
+    struct Span {
+        double minX = 0;
+        double maxX = 0;
+
+        friend bool operator==(const Span&, const Span&) = default;
+    };
+
     TextLine() = default;
     TextLine(const TextLine&) = delete;
     TextLine& operator=(const TextLine&) = delete;
@@ -26,6 +35,10 @@ public:
 
     // Where the unit starts. An index outside of the range gives the end on its side.
     virtual double offsetForStringIndex(std::int64_t index) const = 0;
+
+    // Where a part of the row shows, from left to right; at least one. Of more than one there is need where
+    // text runs both ways, which whoever sets such text has to know of.
+    virtual std::vector<Span> spansOf(const TextRange& range) const;
 
     // The boundary between characters that is nearest; beyond an end that end.
     virtual std::int64_t stringIndexForPosition(double x) const = 0;

@@ -69,6 +69,7 @@ QFont fontOfName(const std::string& name) {
 // glyph.
 constexpr double largestSize = 1'000;
 
+// The toolkit rounds to whole pixels even what is set in typographer's points.
 QFont makeFont(const Font& font) {
     QFont made = fontOfName(font.name);
     made.setPixelSize(static_cast<int>(std::lround(std::clamp(font.pointSize, 1.0, largestSize))));

@@ -39,8 +39,18 @@ QtTextLine::~QtTextLine() {
 }
 
 double QtTextLine::offsetForStringIndex(std::int64_t index) const {
-    const std::int64_t position = std::clamp<std::int64_t>(index - m_location, 0, m_row.text.size());
-    return m_layouts->layoutOf(m_row).line().cursorToX(static_cast<int>(position));
+    return m_layouts->layoutOf(m_row).line().cursorToX(positionOf(index));
+}
+
+int QtTextLine::positionOf(std::int64_t index) const {
+    return static_cast<int>(std::clamp<std::int64_t>(index - m_location, 0, m_row.text.size()));
+}
+
+// Each character is looked at only where it may run another way than the others.
+std::vector<TextLine::Span> QtTextLine::spansOf(const TextRange& range) const {
+    if (!m_row.isRightToLeft && !m_row.hasRightToLeft) return TextLine::spansOf(range);
+    auto spans = m_layouts->layoutOf(m_row).spansOf(positionOf(range.location), positionOf(range.limit()));
+    return spans.empty() ? TextLine::spansOf(range) : spans;
 }
 
 std::int64_t QtTextLine::stringIndexForPosition(double x) const {

@@ -22,11 +22,13 @@ public:
     TypographicBounds typographicBounds() const override { return m_bounds; }
 
     double offsetForStringIndex(std::int64_t index) const override;
+    std::vector<Span> spansOf(const TextRange& range) const override;
     std::int64_t stringIndexForPosition(double x) const override;
 
     void draw(QPainter& painter, const QPointF& baseline, UserInterfaceStyle style) const;
 
 private:
+    int positionOf(std::int64_t index) const;
     void drawShadows(QPainter& painter, const QPointF& baseline, UserInterfaceStyle style) const;
 
     const RowText m_row;

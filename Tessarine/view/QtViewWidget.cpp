@@ -37,7 +37,7 @@ void QtViewWidget::setUserInterfaceStyle(UserInterfaceStyle style) {
 void QtViewWidget::paintEvent(QPaintEvent* event) {
     if (!m_root) return;
     m_host->setPaintedRegion(event->region());
-    m_root->layoutIfNeeded();
+    layoutViews(*m_root);
     QPainter painter(this);
     ViewPainter(painter, event->region(), m_pictures, m_style).paint(*m_root);
     m_host->setPaintedRegion({});
@@ -45,6 +45,10 @@ void QtViewWidget::paintEvent(QPaintEvent* event) {
 
 void QtViewWidget::resizeEvent(QResizeEvent* /*event*/) {
     fitRootView();
+}
+
+void QtViewWidget::layoutViews(View& root) {
+    root.layoutIfNeeded();
 }
 
 void QtViewWidget::fitRootView() {

@@ -29,6 +29,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
+    // Gives all views their places before they are painted.
+    virtual void layoutViews(View& root);
+
 private:
     void fitRootView();
 

@@ -2,7 +2,11 @@
 
 #include "Tessarine/view/QtConversions.h"
 
+#include <QtGui/QGlyphRun>
+
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tessarine {
 
@@ -40,6 +44,24 @@ QList<QTextLayout::FormatRange> formatsOf(const RowText& row, const std::vector<
     return formats;
 }
 
+constexpr double leastGap = 0.1; // less is rounding
+
+TextLine::Span spanBetween(double x, double otherX) {
+    return {.minX = std::min(x, otherX), .maxX = std::max(x, otherX)};
+}
+
+std::vector<TextLine::Span> merged(std::vector<TextLine::Span> parts) {
+    std::ranges::sort(parts, {}, &TextLine::Span::minX);
+    std::vector<TextLine::Span> spans;
+    for (const TextLine::Span& part : parts) {
+        if (spans.empty() || part.minX > spans.back().maxX + leastGap)
+            spans.push_back(part);
+        else
+            spans.back().maxX = std::max(spans.back().maxX, part.maxX);
+    }
+    return spans;
+}
+
 } // namespace
 
 RowLayout::RowLayout(const RowText& row, const std::vector<QColor>& colors)
@@ -64,6 +86,18 @@ int RowLayout::nearestBoundary(double x) const {
     for (const int other : {m_layout.previousCursorPosition(nearest), m_layout.nextCursorPosition(nearest)})
         if (distance(other) < distance(nearest)) nearest = other;
     return nearest;
+}
+
+// The edges of carets do not tell: between two directions there are two of them, and the toolkit has one. Of
+// tabs it draws nothing, but they run as the row does, and so do their carets.
+std::vector<TextLine::Span> RowLayout::spansOf(int start, int limit) const {
+    std::vector<TextLine::Span> parts;
+    for (const QGlyphRun& glyphs : m_line.glyphRuns(start, limit - start))
+        parts.push_back({.minX = glyphs.boundingRect().left(), .maxX = glyphs.boundingRect().right()});
+    const QString text = m_layout.text();
+    for (int at = start; at < limit; ++at)
+        if (text[at] == u'\t') parts.push_back(spanBetween(m_line.cursorToX(at), m_line.cursorToX(at + 1)));
+    return merged(std::move(parts));
 }
 
 void RowLayout::draw(QPainter& painter, const QPointF& baseline) const {

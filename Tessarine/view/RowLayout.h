@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tessarine/layout/TextLine.h"
 #include "Tessarine/view/RowText.h"
 
 #include <QtGui/QTextLayout>
@@ -29,6 +30,9 @@ public:
     bool isBoundary(int position) const { return m_layout.isValidCursorPosition(position); }
 
     int nearestBoundary(double x) const;
+
+    // Where the units from one position to another show, from left to right.
+    std::vector<TextLine::Span> spansOf(int start, int limit) const;
 
     // With the left end of the baseline there.
     void draw(QPainter& painter, const QPointF& baseline) const;

@@ -3,12 +3,39 @@
 #include "Tessarine/view/QtConversions.h"
 
 #include <algorithm>
+#include <span>
+#include <unicode/utf16.h>
 
 namespace tessarine {
 
 namespace {
 
 constexpr double defaultTabInterval = 40;
+
+bool isRightToLeft(char32_t character) {
+    switch (QChar::direction(character)) {
+    case QChar::DirR:
+    case QChar::DirAL:
+    case QChar::DirAN:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirRLI:
+    case QChar::DirFSI:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool hasRightToLeftCharacters(const QString& text) {
+    const std::span units(text.utf16(), static_cast<std::size_t>(text.size()));
+    for (std::size_t at = 0; at < units.size();) {
+        char32_t character = 0;
+        U16_NEXT(units, at, units.size(), character);
+        if (isRightToLeft(character)) return true;
+    }
+    return false;
+}
 
 // A line break takes no room, but of all of them the toolkit knows that of CR and LF only. And it would look
 // for an object that nobody has.
@@ -23,6 +50,7 @@ RowText RowText::of(const AttributedString& string, const TextRange& range, RowS
     RowText row;
     row.text = toQt(string.substring(range));
     std::ranges::transform(row.text, row.text.begin(), shown);
+    row.hasRightToLeft = hasRightToLeftCharacters(row.text);
     const auto runs = string.runs(range);
     row.runs.reserve(runs.size()); // so that no room is left behind them
     for (const auto& run : runs) {

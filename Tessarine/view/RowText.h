@@ -20,7 +20,8 @@ struct RowText {
     QString text;
     std::vector<Run> runs; // cover the text
     double tabInterval = 0;
-    bool isRightToLeft = false;
+    bool isRightToLeft = false;  // as a whole
+    bool hasRightToLeft = false; // at least a part
 
     static RowText of(const AttributedString& string, const TextRange& range, RowStyles& styles);
 

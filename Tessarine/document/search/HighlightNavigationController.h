@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tessarine/base/TextRange.h"
+#include "Tessarine/document/TextReplacement.h"
 #include "Tessarine/document/search/HighlightedRange.h"
 
 #include <cstdint>
@@ -43,8 +44,13 @@ public:
     // The document's selection, whenever it changes.
     void setSelectedRange(std::optional<TextRange> range) { m_selectedRange = range; }
 
-    // In document order.
-    void setHighlightedRanges(Ranges ranges) { m_highlightedRanges = std::move(ranges); }
+    // In document order, where they are by now.
+    Ranges highlightedRanges() const;
+    void setHighlightedRanges(const Ranges& ranges);
+
+    // The text has changed: what lies behind moves, what is touched leaves the list. O(n), but O(1) for edits
+    // that follow each other at one place.
+    void textDidChange(const TextReplacement& replacement);
 
     // Whether the steps go on at the other end of the list.
     void setLoopRanges(bool loopRanges) { m_loopRanges = loopRanges; }
@@ -57,13 +63,20 @@ public:
     void selectRange(std::int64_t index);
 
 private:
+    struct Entry {
+        std::shared_ptr<const HighlightedRange> highlighted;
+        TextRange range; // by now
+    };
+
+    const std::vector<Entry>& entries() const;
     std::optional<HighlightNavigationStep> previous() const;
     std::optional<HighlightNavigationStep> next() const;
     std::optional<HighlightNavigationStep> select(std::optional<HighlightNavigationStep> step);
 
     std::weak_ptr<HighlightNavigationControllerDelegate> m_delegate;
     std::optional<TextRange> m_selectedRange;
-    Ranges m_highlightedRanges;
+    mutable std::vector<Entry> m_entries; // as before the replacement
+    mutable std::optional<TextReplacement> m_replacement;
     bool m_loopRanges = false;
 };
 

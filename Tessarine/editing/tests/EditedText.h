@@ -93,6 +93,13 @@ public:
         m_calls.push_back("scroll to " + std::to_string(location));
     }
 
+    void textInputViewDidReplace(const TextRange& range, std::u16string_view oldText,
+                                 std::u16string_view newText) override {
+        replacements.push_back({range, std::u16string(oldText) + u">" + std::u16string(newText)});
+    }
+
+    void textInputViewDidExchangeText() override { ++exchanges; }
+
     void textInputViewDidChange() override {
         m_calls.push_back("changed");
         if (const auto action = std::exchange(onChange, nullptr)) action();
@@ -109,6 +116,8 @@ public:
     bool allowsSkips = true;
     TextRange askedRange;
     std::u16string askedText;
+    std::vector<std::pair<TextRange, std::u16string>> replacements;
+    int exchanges = 0;
     std::function<void()> onChange; // once
 
 private:

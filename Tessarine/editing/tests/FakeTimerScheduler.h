@@ -3,6 +3,7 @@
 #include "Tessarine/base/TimerScheduler.h"
 
 #include <list>
+#include <utility>
 
 namespace tessarine {
 

@@ -1,3 +1,4 @@
+#include "Tessarine/editing/LocalizedString.h"
 #include "Tessarine/editing/tests/EditedText.h"
 #include "Tessarine/syntax/tests/QueuedExecutor.h"
 #include "languages/grammars/Grammars.h"
@@ -269,6 +270,43 @@ TEST(TextViewStateTest, KnowsWhatTheTextIsWrittenWith) {
     EXPECT_EQ(state.document().lineManager->lineAtRow(2).data().lineHeight(),
               1.25 * theme->font().pointSize + 1);
     EXPECT_EQ(TextViewState(TextStore(u"a"), theme, measurer).detectedLineEndings(), std::nullopt);
+}
+
+// The lines keep their text and their selection; the last one has no break to take along.
+TEST(TextInputViewTest, LinesMoveAsOneStepThatTheInputSystemKnowsOf) {
+    EditedText text(u"a\n|bc|\nd");
+    text.view->insertText(u"e");
+    text.select(2, 1);
+    text.view->moveSelectedLines(1, moveLinesDownActionName);
+    EXPECT_EQ(text.marked(), u"a\nd\n|e|");
+    EXPECT_THAT(text.calls, ::testing::IsSupersetOf({"input: selection will", "input: selection did"}));
+    EXPECT_EQ(text.delegate->replacements.back(), std::pair(TextRange{3, 0}, std::u16string(u">\ne")));
+    EXPECT_EQ(lineFault(text.view->document()), std::nullopt);
+    text.view->insertText(u"f");
+    text.undo();
+    text.undo();
+    EXPECT_EQ(text.marked(), u"a\n|e|\nd");
+    text.undo();
+    EXPECT_EQ(text.marked(), u"a\n|bc|\nd");
+    text.view->setSelectedRange(std::nullopt);
+    text.view->moveSelectedLines(-1, moveLinesUpActionName);
+    text.view->paste(u"x");
+    text.view->setMarkedText(u"x", {});
+    text.view->deleteInFrontOfCaret();
+    EXPECT_EQ(text.text(), u"a\nbc\nd");
+}
+
+TEST(TextInputViewTest, ACharacterInFrontOfTheCaretGoesWholeAndComesBack) {
+    EditedText text(u"a\U0001F600|b");
+    text.view->deleteInFrontOfCaret();
+    EXPECT_EQ(text.marked(), u"a|b");
+    text.undo();
+    EXPECT_EQ(text.marked(), u"a\U0001F600|b");
+    text.select(0);
+    text.view->deleteInFrontOfCaret();
+    text.select(0, 1);
+    text.view->deleteInFrontOfCaret();
+    EXPECT_EQ(text.text(), u"a\U0001F600b");
 }
 
 } // namespace

@@ -9,7 +9,7 @@ namespace tessarine {
 
 // The part of a highlighted range that lies in one row, in the content. In points.
 struct CachedHighlightRect {
-    std::string id; // of the range and the row
+    std::string id; // of the range, the row and the part in it
     Rect rect;
     bool containsStart = false;
     bool containsEnd = false;

@@ -1,8 +1,7 @@
 #include "Tessarine/layout/manager/HighlightLayout.h"
 
 #include <algorithm>
-#include <cmath>
-#include <utility>
+#include <string>
 
 namespace tessarine {
 
@@ -14,33 +13,41 @@ void HighlightLayout::layoutLine(const DocumentLineNode& line,
     for (const auto& controller : rows) {
         const LineFragment& row = *controller->lineFragment();
         const TextRange inDocument{lineLocation + row.range.location, row.range.length};
-        m_highlightedRanges.visit(inDocument, [&](const HighlightedRange& range) {
-            const CachedHighlightRect highlight = highlightRect(range, row, lineLocation, lineTop);
-            const auto& view = m_highlightViewReuseQueue.dequeueView(highlight.id);
-            if (!view->superview()) m_highlightsContainerBackgroundView->addSubview(view);
-            view->show(highlight);
-            m_placed.insert(highlight.id);
+        m_highlightedRanges.visit(inDocument, [&](const HighlightedRange& highlighted, TextRange range) {
+            range.location -= lineLocation;
+            for (const CachedHighlightRect& rect : highlightRects(highlighted, range, row, lineTop))
+                show(rect);
         });
     }
 }
 
-CachedHighlightRect HighlightLayout::highlightRect(const HighlightedRange& range, const LineFragment& row,
-                                                   std::int64_t lineLocation, double lineTop) const {
-    const std::int64_t rowStart = lineLocation + row.range.location;
-    const std::int64_t rowLimit = lineLocation + row.range.limit();
-    const std::int64_t start = std::max(range.range.location, rowStart);
-    const std::int64_t limit = std::min(range.range.limit(), rowLimit);
-    const double minX = row.line->offsetForStringIndex(start - lineLocation);
-    const double maxX = row.line->offsetForStringIndex(limit - lineLocation);
-    return {.id = range.id + ' ' + row.id.id(),
-            .rect = {.x = m_geometry.leadingLineSpacing() + std::min(minX, maxX),
-                     .y = lineTop + row.yPosition,
-                     .width = std::abs(maxX - minX),
-                     .height = row.scaledSize.height},
-            .containsStart = range.range.location >= rowStart,
-            .containsEnd = range.range.limit() <= rowLimit,
-            .color = range.color,
-            .cornerRadius = range.cornerRadius};
+void HighlightLayout::show(const CachedHighlightRect& rect) {
+    const auto& view = m_highlightViewReuseQueue.dequeueView(rect.id);
+    if (!view->superview()) m_highlightsContainerBackgroundView->addSubview(view);
+    view->show(rect);
+    m_placed.insert(rect.id);
+}
+
+// Several where the row's text runs both ways; of these the outer ones have the corners.
+std::vector<CachedHighlightRect> HighlightLayout::highlightRects(const HighlightedRange& highlighted,
+                                                                 const TextRange& inLine,
+                                                                 const LineFragment& row,
+                                                                 double lineTop) const {
+    const std::int64_t start = std::max(inLine.location, row.range.location);
+    const std::int64_t limit = std::min(inLine.limit(), row.range.limit());
+    const auto spans = row.line->spansOf({start, limit - start});
+    std::vector<CachedHighlightRect> rects;
+    for (std::size_t i = 0; i < spans.size(); ++i)
+        rects.push_back({.id = highlighted.id + ' ' + row.id.id() + ' ' + std::to_string(i),
+                         .rect = {.x = m_geometry.leadingLineSpacing() + spans[i].minX,
+                                  .y = lineTop + row.yPosition,
+                                  .width = spans[i].maxX - spans[i].minX,
+                                  .height = row.scaledSize.height},
+                         .containsStart = i == 0 && inLine.location >= row.range.location,
+                         .containsEnd = i + 1 == spans.size() && inLine.limit() <= row.range.limit(),
+                         .color = highlighted.color,
+                         .cornerRadius = highlighted.cornerRadius});
+    return rects;
 }
 
 void HighlightLayout::finishPass(const Rect& containerFrame) {

@@ -8,7 +8,6 @@
 
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace tessarine {
@@ -30,6 +29,8 @@ public:
         m_highlightedRanges.setRanges(ranges);
     }
 
+    void textDidChange(const TextReplacement& replacement) { m_highlightedRanges.textDidChange(replacement); }
+
     // A pass tells of the rows that show, line by line, and takes away at its end what it has not come
     // across.
     void layoutLine(const DocumentLineNode& line,
@@ -37,8 +38,11 @@ public:
     void finishPass(const Rect& containerFrame);
 
 private:
-    CachedHighlightRect highlightRect(const HighlightedRange& range, const LineFragment& row,
-                                      std::int64_t lineLocation, double lineTop) const;
+    // `inLine` is where the range is by now.
+    std::vector<CachedHighlightRect> highlightRects(const HighlightedRange& highlighted,
+                                                    const TextRange& inLine, const LineFragment& row,
+                                                    double lineTop) const;
+    void show(const CachedHighlightRect& rect);
 
     const LayoutGeometry& m_geometry;
     const std::shared_ptr<View> m_highlightsContainerBackgroundView = std::make_shared<View>();

@@ -92,10 +92,11 @@ void LayoutManager::layoutLines() {
     m_needsLayout = false;
     m_needsLayoutLineSelection = true;
     const double oldTop = m_context.viewport.y;
-    m_visibleLineIDs.clear();
+    const auto formerLines = std::exchange(m_visibleLineIDs, {});
     m_gutter.startPass();
     measureLongestLine();
     if (m_geometry.constrainingLineWidth() > 0) layoutVisibleLines();
+    callOffColorsOf(formerLines);
     finishPass();
     m_cause = Cause::Change;
     reportContentSize();
@@ -180,6 +181,15 @@ void LayoutManager::showMarkedText(LineController& controller, const DocumentLin
     std::optional<TextRange> inLine = m_context.markedRange;
     if (inLine) inLine->location -= line.location();
     controller.setMarkedTextOnLineFragments(inLine);
+}
+
+// Of those that have left the screen: what shows now would have to wait for them.
+void LayoutManager::callOffColorsOf(const std::unordered_set<DocumentLineNodeID>& formerLines) {
+    for (const DocumentLineNodeID& lineID : formerLines) {
+        if (m_visibleLineIDs.contains(lineID)) continue;
+        if (LineController* const controller = m_lineControllers.existing(lineID))
+            controller->didLeaveScreen();
+    }
 }
 
 void LayoutManager::finishPass() {

@@ -52,6 +52,9 @@ public:
     // And how. Each setter marks what has to be laid out again.
     void setTheme(std::shared_ptr<const Theme> theme);
     void setScrollViewWidth(double width);
+
+    void safeAreaInsetsDidChange() { widthsDidChange(); }
+
     void setViewport(const Rect& viewport);
     void setTextContainerInset(const EdgeInsets& inset);
     void setLineWrappingEnabled(bool isEnabled);
@@ -67,6 +70,9 @@ public:
     void setSelectedRange(std::optional<TextRange> range);
     void setMarkedRange(std::optional<TextRange> range);
     void setHighlightedRanges(const HighlightedRangeIndex::Ranges& ranges);
+
+    // To be told before the layout of such a change, as highlighted ranges move along.
+    void textDidChange(const TextReplacement& replacement) { m_highlights.textDidChange(replacement); }
 
     // What changes in the document.
     void invalidateLines(const LineChangeSet& changes);
@@ -102,6 +108,8 @@ public:
     const LineFragmentLayout& rows() const { return m_rows; }
 
     const GutterLayout& gutter() const { return m_gutter; }
+
+    GutterLayout& gutter() { return m_gutter; }
 
     const HighlightLayout& highlights() const { return m_highlights; }
 
@@ -152,6 +160,7 @@ private:
     LineController::TypesetAmount visiblePartOf(const Rect& rect, const DocumentLineNode& line) const;
     double moveViewport(double shift);
     void finishPass();
+    void callOffColorsOf(const std::unordered_set<DocumentLineNodeID>& formerLines);
     void layoutLineSelection();
     bool hasNewContentSize();
     void reportContentSize();

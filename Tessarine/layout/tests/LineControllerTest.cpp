@@ -205,10 +205,14 @@ TEST_F(BackgroundHighlighting, MakesNoRowsThatThereWereNot) {
     EXPECT_THAT(line->rows(), ElementsAre(u"aaa ", u"bbb "));
 }
 
-TEST_F(BackgroundHighlighting, ThatIsCalledOffIsAskedForAgain) {
+TEST_F(BackgroundHighlighting, IsAskedForOnceAndAgainIfItIsCalledOff) {
     prepare(u"abb");
     line->prepareAll(true);
+    EXPECT_EQ(line->highlighter->cancelled, 0);
+    EXPECT_THAT(line->highlighter->asked, SizeIs(1));
+    line->controller->didLeaveScreen();
     EXPECT_EQ(line->highlighter->cancelled, 1);
+    line->prepareAll(true);
     EXPECT_THAT(line->highlighter->asked, SizeIs(2));
     line->highlighter->cancel();
     EXPECT_FALSE(
@@ -230,6 +234,7 @@ TEST_F(BackgroundHighlighting, DoesNotOutliveWhatItIsOf) {
     EXPECT_TRUE(isCalledOffBy([](LineController& controller) { controller.invalidateSyntaxHighlighter(); }));
     EXPECT_TRUE(isCalledOffBy([](LineController& controller) { controller.setKern(3); }));
     EXPECT_TRUE(isCalledOffBy([](LineController& controller) { controller.caretRect(1); }));
+    EXPECT_FALSE(isCalledOffBy([](LineController& controller) { controller.setConstrainingWidth(30); }));
     prepare(u"abb");
     line->controller = nullptr;
     line->highlighter->runPending();

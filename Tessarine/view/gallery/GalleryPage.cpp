@@ -1,179 +1,133 @@
 #include "Tessarine/view/gallery/GalleryPage.h"
 
-#include "Tessarine/layout/LineFragmentView.h"
-#include "Tessarine/layout/LineTypesetter.h"
-#include "Tessarine/layout/PageGuideController.h"
-#include "Tessarine/syntax/highlighting/TreeSitterSyntaxHighlighter.h"
-#include "Tessarine/syntax/tests/SampleDocument.h"
+#include "Tessarine/editing/TextViewState.h"
+#include "Tessarine/view/QtMainExecutor.h"
 #include "Tessarine/view/QtTextMeasurer.h"
 #include "Tessarine/view/QtTextShaper.h"
+#include "Tessarine/view/QtTimerScheduler.h"
+#include "languages/catalogue/CatalogueLanguageProvider.h"
 
-#include <algorithm>
-#include <string>
 #include <utility>
 
 namespace tessarine {
 
 namespace {
 
-constexpr double gutterWidth = 34;
-constexpr double textX = gutterWidth + 6;
-constexpr std::int64_t guideColumn = 60;
-constexpr std::int64_t selectedRow = 4;
-constexpr double tabInterval = 34;
-constexpr double heightMultiplier = 1.2;
+constexpr double screenScale = 2;
+constexpr std::int64_t tabLength = 4;
+constexpr EdgeInsets textInset{.top = 6, .left = 4, .bottom = 6, .right = 12};
 
-class NumberView final : public View {
-public:
-    NumberView(std::u16string text, const Font& font, const Color& color)
-        : m_text(std::move(text))
-        , m_font(font)
-        , m_color(color) {}
+constexpr Color selectionColor(RGBAColor::ofHex(0x2F6FDE, 0.25F));
+constexpr Color highlightColor(RGBAColor::ofHex(0xF2C230, 0.45F), RGBAColor::ofHex(0xB98A10, 0.45F));
+constexpr double highlightRadius = 5;
 
-    void draw(DrawContext& context) override { context.drawText(m_text, m_font, m_color, bounds()); }
-
-private:
-    const std::u16string m_text;
-    const Font m_font;
-    const Color m_color;
-};
-
-std::u16string decimal(std::int64_t number) {
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
-std::shared_ptr<AttributedString> lineOf(const SampleDocument& document, LineSyntaxHighlighter& highlighter,
-                                         std::int64_t row) {
-    const DocumentLineNode& line = document.lineManager->lineAtRow(row);
-    const TextRange range{.location = line.location(), .length = line.data().totalLength()};
-    auto string = std::make_shared<AttributedString>(document.stringView->snapshot(), range);
-    highlighter.setDefaultAttributes(*string);
-    string->addAttributes({.defaultTabInterval = tabInterval}, {.location = 0, .length = range.length});
-    if (highlighter.canHighlight())
-        highlighter.syntaxHighlight({string,
-                                     {.location = ByteCount::ofCodeUnits(range.location),
-                                      .length = ByteCount::ofCodeUnits(range.length)}});
-    return string;
+TextViewState stateOf(const GallerySample& sample, const std::shared_ptr<const Theme>& theme,
+                      const TextMeasurer& measurer) {
+    TextStore text(sample.text);
+    if (sample.language.empty()) return {std::move(text), theme, measurer};
+    const auto provider = std::make_shared<const languages::CatalogueLanguageProvider>();
+    const TreeSitterLanguageMode mode(provider->treeSitterLanguage(sample.language), provider);
+    return {std::move(text), theme, measurer, mode, std::make_shared<QtMainExecutor>()};
 }
 
 } // namespace
 
-// The text of one line's rows.
-class LineTexts final : public LineFragmentRendererDelegate {
-public:
-    explicit LineTexts(std::u16string text)
-        : m_text(std::move(text)) {}
+std::shared_ptr<GalleryPage> GalleryPage::create(const GallerySample& sample,
+                                                 std::shared_ptr<const Theme> theme, Size size) {
+    const std::shared_ptr<GalleryPage> page(new GalleryPage(std::move(theme)));
+    page->m_layout->setDelegate(page);
+    page->addViews(size);
+    page->setSettings();
+    page->showDocument(sample);
+    page->showRanges(sample);
+    return page;
+}
 
-    std::optional<std::u16string> string(const LineFragmentRenderer& renderer) override {
-        const TextRange& range = renderer.lineFragment()->range;
-        return m_text.substr(static_cast<std::size_t>(range.location),
-                             static_cast<std::size_t>(range.length));
-    }
-
-private:
-    const std::u16string m_text;
-};
-
-GalleryPage::GalleryPage(const GallerySample& sample, std::shared_ptr<const Theme> theme, Size size)
+GalleryPage::GalleryPage(std::shared_ptr<const Theme> theme)
     : m_theme(std::move(theme))
     , m_measurer(std::make_shared<QtTextMeasurer>())
-    , m_shaper(std::make_shared<QtTextShaper>())
-    , m_invisibles(std::make_shared<InvisibleCharacterConfiguration>(m_measurer)) {
-    m_view->setFrame({.width = size.width, .height = size.height});
-    m_invisibles->setFont(m_theme->font());
-    m_invisibles->setTextColor(m_theme->invisibleCharactersColor());
-    m_invisibles->setShowTabs(true);
-    m_invisibles->setShowSpaces(sample.language.empty());
-    m_invisibles->setShowNonBreakingSpaces(true);
-    m_invisibles->setShowLineBreaks(true);
-    addFurniture();
-    addLines(sample);
-}
+    , m_layout(LayoutManager::create(std::make_shared<QtTextShaper>(), m_measurer))
+    , m_input(TextInputView::create(m_layout, std::make_shared<QtTimerScheduler>(), m_measurer))
+    , m_pageGuide(m_measurer) {}
 
-GalleryPage::~GalleryPage() = default;
-
-void GalleryPage::addFurniture() {
+// The page guide lies behind all that the layout places.
+void GalleryPage::addViews(Size size) {
     const auto* const editorTheme = dynamic_cast<const themes::EditorTheme*>(m_theme.get());
-    m_view->setBackgroundColor(editorTheme ? editorTheme->backgroundColor()
-                                           : semanticColors::systemBackground);
-    PageGuideController guide(m_measurer);
-    guide.setFont(m_theme->font());
-    guide.setColumn(guideColumn);
-    guide.setTheme(*m_theme);
-    const double guideX = textX + guide.columnOffset();
-    const Size size = m_view->frame().size();
-    add(guide.guideView(), {guideX, 0, size.width - guideX, size.height},
-        guide.guideView()->backgroundColor());
-    add(std::make_shared<View>(), {0, 0, gutterWidth, size.height}, m_theme->gutterBackgroundColor());
-    add(std::make_shared<View>(), {gutterWidth, 0, m_theme->gutterHairlineWidth(2), size.height},
-        m_theme->gutterHairlineColor());
+    m_scrollView->setBackgroundColor(editorTheme ? editorTheme->backgroundColor()
+                                                 : semanticColors::systemBackground);
+    m_scrollView->setFrame({.width = size.width, .height = size.height});
+    m_scrollView->addSubview(m_textView);
+    m_textView->addSubview(m_pageGuide.guideView());
+    m_layout->setViews(m_scrollView, *m_textView);
 }
 
-void GalleryPage::addLines(const GallerySample& sample) {
-    const auto languages = std::make_shared<const GalleryLanguages>();
-    const bool isPlain = sample.language.empty();
-    SampleDocument document(sample.text, languages->treeSitterLanguage(isPlain ? "c" : sample.language),
-                            languages);
-    const auto highlighter = document.mode->createLineSyntaxHighlighter();
-    highlighter->setTheme(m_theme);
-    if (!isPlain) document.parse();
-    for (std::int64_t row = 0; row < document.lineManager->lineCount(); ++row)
-        addLine(row, lineOf(document, *highlighter, row));
+void GalleryPage::setSettings() {
+    const Font font = m_theme->font();
+    m_layout->setTheme(m_theme);
+    m_layout->setShowLineNumbers(true);
+    m_layout->setLineHeightMultiplier(1.2);
+    m_layout->setTextContainerInset(textInset);
+    m_input->setIndentFont(font);
+    m_input->setIndentStrategy(IndentStrategy::tab(tabLength));
+    m_layout->setLineSelectionDisplayType(LineSelectionDisplayType::line);
+    m_layout->setEditing(true);
+    m_layout->setScrollViewWidth(m_scrollView->frame().width);
+    m_layout->setViewport(m_scrollView->bounds());
+    m_pageGuide.setFont(font);
+    m_pageGuide.setTheme(*m_theme);
+    m_pageGuide.guideView()->setScreenScale(screenScale);
 }
 
-void GalleryPage::addLine(std::int64_t row, const std::shared_ptr<const AttributedString>& string) {
-    LineTypesetter typesetter(m_shaper);
-    typesetter.setConstrainingWidth(m_view->frame().width - textX - 20);
-    typesetter.setLineFragmentHeightMultiplier(heightMultiplier);
-    typesetter.prepareToTypeset(string);
-    typesetter.typesetLineFragments(string->length(), 0);
-    const double height = std::max(typesetter.nextYPosition(), rowHeight());
-    if (row == selectedRow)
-        add(std::make_shared<View>(), {gutterWidth, m_y, m_view->frame().width - gutterWidth, height},
-            m_theme->selectedLineBackgroundColor());
-    addNumber(row);
-    m_texts.push_back(
-        std::make_shared<LineTexts>(string->substring({.location = 0, .length = string->length()})));
-    for (const LineFragmentReference& fragment : typesetter.lineFragments())
-        addRow(fragment, m_texts.back());
-    m_y += height;
+std::shared_ptr<InvisibleCharacterConfiguration> GalleryPage::invisibles(bool showsSpaces) const {
+    auto configuration = std::make_shared<InvisibleCharacterConfiguration>(m_measurer);
+    configuration->setFont(m_theme->font());
+    configuration->setTextColor(m_theme->invisibleCharactersColor());
+    configuration->setShowTabs(true);
+    configuration->setShowSpaces(showsSpaces);
+    configuration->setShowNonBreakingSpaces(true);
+    configuration->setShowLineBreaks(true);
+    configuration->setShowSoftLineBreaks(true);
+    return configuration;
 }
 
-void GalleryPage::addNumber(std::int64_t row) {
-    const std::u16string number = decimal(row + 1);
-    const Font font = m_theme->lineNumberFont();
-    const double width = m_measurer->width(number, font);
-    const double height = m_measurer->metrics(font).lineHeight();
-    const Color color =
-        row == selectedRow ? m_theme->selectedLinesLineNumberColor() : m_theme->lineNumberColor();
-    add(std::make_shared<NumberView>(number, font, color),
-        {gutterWidth - 6 - width, m_y + (rowHeight() - height) / 2, width, height});
+void GalleryPage::showDocument(const GallerySample& sample) {
+    m_layout->setInvisibleCharacterConfiguration(invisibles(sample.showsSpaces));
+    m_input->setState(stateOf(sample, m_theme, *m_measurer));
 }
 
-void GalleryPage::addRow(const LineFragmentReference& fragment, const std::shared_ptr<LineTexts>& texts) {
-    auto renderer = std::make_shared<LineFragmentRenderer>(fragment);
-    renderer->setDelegate(texts);
-    renderer->setInvisibleCharacterConfiguration(m_invisibles);
-    renderer->setMarkedTextBackgroundColor(m_theme->markedTextBackgroundColor());
-    renderer->setMarkedTextBackgroundCornerRadius(m_theme->markedTextBackgroundCornerRadius());
-    if (fragment->range.location == 0 && m_texts.size() == 2 && fragment->range.length > 8)
-        renderer->setMarkedRange(TextRange{.location = 2, .length = 6});
-    auto view = std::make_shared<LineFragmentView>();
-    view->setRenderer(std::move(renderer));
-    add(std::move(view), {textX, m_y + fragment->yPosition,
-                          fragment->scaledSize.width + m_invisibles->maximumLineBreakSymbolWidth(),
-                          fragment->scaledSize.height});
+void GalleryPage::showRanges(const GallerySample& sample) {
+    HighlightedRangeIndex::Ranges highlights;
+    for (const std::u16string_view part : sample.highlighted)
+        highlights.push_back(std::make_shared<const HighlightedRange>(HighlightedRange{
+            .range = rangeOf(part), .color = highlightColor, .cornerRadius = highlightRadius}));
+    m_layout->setHighlightedRanges(highlights);
+    if (!sample.marked.empty()) m_layout->setMarkedRange(rangeOf(sample.marked));
+    if (!sample.selected.empty()) m_layout->setSelectedRange(rangeOf(sample.selected));
+    m_layout->layoutIfNeeded();
+    m_pageGuide.setColumn(sample.guideColumn);
+    placePageGuide();
+    if (!sample.selected.empty()) showSelection(rangeOf(sample.selected));
 }
 
-double GalleryPage::rowHeight() const {
-    return m_measurer->metrics(m_theme->font()).lineHeight() * heightMultiplier;
+void GalleryPage::placePageGuide() {
+    const double x = m_layout->geometry().leadingLineSpacing() + m_pageGuide.columnOffset();
+    const Size size = m_scrollView->frame().size();
+    m_pageGuide.guideView()->setFrame({.x = x, .width = size.width - x, .height = size.height});
 }
 
-void GalleryPage::add(std::shared_ptr<View> view, const Rect& frame, std::optional<Color> background) {
-    view->setFrame(frame);
-    view->setBackgroundColor(background);
-    m_view->addSubview(std::move(view));
+void GalleryPage::showSelection(const TextRange& range) {
+    for (const TextSelectionRect& part : m_layout->selectionRects(range)) {
+        const auto view = std::make_shared<View>();
+        view->setFrame(part.rect);
+        view->setBackgroundColor(selectionColor);
+        m_textView->addSubview(view);
+    }
+}
+
+TextRange GalleryPage::rangeOf(std::u16string_view part) const {
+    const std::u16string text = m_input->document().stringView->string();
+    return {.location = static_cast<std::int64_t>(text.find(part)),
+            .length = static_cast<std::int64_t>(part.size())};
 }
 
 } // namespace tessarine

@@ -1,45 +1,48 @@
 #pragma once
 
-#include "Tessarine/base/TextMeasurer.h"
-#include "Tessarine/layout/InvisibleCharacterConfiguration.h"
-#include "Tessarine/layout/LineFragment.h"
-#include "Tessarine/layout/TextShaper.h"
-#include "Tessarine/layout/View.h"
-#include "Tessarine/view/gallery/GalleryLanguages.h"
+#include "Tessarine/editing/TextInputView.h"
+#include "Tessarine/layout/PageGuideController.h"
+#include "Tessarine/layout/manager/LayoutManager.h"
 #include "Tessarine/view/gallery/GallerySamples.h"
 #include "themes/common/EditorTheme.h"
 
 #include <memory>
-#include <vector>
 
 namespace tessarine {
 
-class LineTexts;
-
-// A sample as an editor shows it: gutter, selected line, page guide, invisible characters, marked text.
-class GalleryPage {
+// A sample in a scroll view, laid out by the engine with all that it can show.
+class GalleryPage final : public LayoutManagerDelegate, public std::enable_shared_from_this<GalleryPage> {
 public:
-    GalleryPage(const GallerySample& sample, std::shared_ptr<const Theme> theme, Size size);
-    ~GalleryPage();
+    static std::shared_ptr<GalleryPage> create(const GallerySample& sample,
+                                               std::shared_ptr<const Theme> theme, Size size);
 
-    const std::shared_ptr<View>& view() const { return m_view; }
+    const std::shared_ptr<ScrollView>& view() const { return m_scrollView; }
+
+    void layoutManagerDidChangeContentSize(const Size& size) override { m_scrollView->setContentSize(size); }
+
+    void layoutManagerDidChangeGutterWidth() override {}
+
+    void layoutManagerNeedsLayout() override {}
 
 private:
-    void addFurniture();
-    void addLines(const GallerySample& sample);
-    void addLine(std::int64_t row, const std::shared_ptr<const AttributedString>& string);
-    void addNumber(std::int64_t row);
-    void addRow(const LineFragmentReference& fragment, const std::shared_ptr<LineTexts>& texts);
-    double rowHeight() const;
-    void add(std::shared_ptr<View> view, const Rect& frame, std::optional<Color> background = std::nullopt);
+    explicit GalleryPage(std::shared_ptr<const Theme> theme);
+
+    void addViews(Size size);
+    void setSettings();
+    void showDocument(const GallerySample& sample);
+    void showRanges(const GallerySample& sample);
+    void placePageGuide();
+    void showSelection(const TextRange& range);
+    std::shared_ptr<InvisibleCharacterConfiguration> invisibles(bool showsSpaces) const;
+    TextRange rangeOf(std::u16string_view part) const;
 
     const std::shared_ptr<const Theme> m_theme;
     const std::shared_ptr<const TextMeasurer> m_measurer;
-    const std::shared_ptr<const TextShaper> m_shaper;
-    const std::shared_ptr<InvisibleCharacterConfiguration> m_invisibles;
-    const std::shared_ptr<View> m_view = std::make_shared<View>();
-    std::vector<std::shared_ptr<LineTexts>> m_texts;
-    double m_y = 6; // of the next line's top
+    const std::shared_ptr<ScrollView> m_scrollView = std::make_shared<ScrollView>();
+    const std::shared_ptr<View> m_textView = std::make_shared<View>();
+    const std::shared_ptr<LayoutManager> m_layout;
+    const std::shared_ptr<TextInputView> m_input;
+    PageGuideController m_pageGuide;
 };
 
 } // namespace tessarine

@@ -1,17 +1,17 @@
-// Paints a picture of each theme with every sample, for people to look at.
+// Paints a picture of each theme with every sample, and some of the widget, for people to look at.
 //   view_gallery FOLDER
 #include "Tessarine/theme/DefaultTheme.h"
-#include "Tessarine/view/ViewPainter.h"
 #include "Tessarine/view/gallery/GalleryPage.h"
+#include "Tessarine/view/gallery/PaintedView.h"
+#include "Tessarine/view/gallery/WidgetPictures.h"
 #include "themes/onedark/OneDarkTheme.h"
 #include "themes/plaintext/PlainTextTheme.h"
 #include "themes/tomorrow/TomorrowTheme.h"
 #include "themes/tomorrownight/TomorrowNightTheme.h"
 
 #include <QtCore/QDir>
-#include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
-#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
 
 #include <cstdio>
 
@@ -20,29 +20,23 @@ namespace tessarine {
 namespace {
 
 constexpr Size pageSize{.width = 600, .height = 330};
-constexpr int scale = 2;
+constexpr double scale = 2;
 constexpr int pagesInRow = 2;
 
 QImage paintedPages(const std::shared_ptr<const Theme>& theme, UserInterfaceStyle style) {
     const auto sheet = std::make_shared<View>();
-    std::vector<std::unique_ptr<GalleryPage>> pages;
+    std::vector<std::shared_ptr<GalleryPage>> pages;
     for (const GallerySample& sample : gallerySamples) {
         const auto place = static_cast<int>(pages.size());
-        pages.push_back(std::make_unique<GalleryPage>(sample, theme, pageSize));
+        pages.push_back(GalleryPage::create(sample, theme, pageSize));
         pages.back()->view()->setFrame({.x = place % pagesInRow * pageSize.width,
                                         .y = place / pagesInRow * pageSize.height,
                                         .width = pageSize.width,
                                         .height = pageSize.height});
         sheet->addSubview(pages.back()->view());
     }
-    const QSize size(static_cast<int>(pagesInRow * pageSize.width), static_cast<int>(2 * pageSize.height));
-    QImage image(size * scale, QImage::Format_RGB32);
-    image.setDevicePixelRatio(scale);
-    QPainter painter(&image);
-    ViewPictures pictures;
-    sheet->layoutIfNeeded();
-    ViewPainter(painter, QRegion(QRect(QPoint(), size)), pictures, style).paint(*sheet);
-    return image;
+    sheet->setFrame({.width = pagesInRow * pageSize.width, .height = 2 * pageSize.height});
+    return paintedView(*sheet, scale, style);
 }
 
 template <class EditorTheme>
@@ -61,7 +55,8 @@ bool saveGallery(const QDir& folder) {
            save("onedark.png", paintedPages<themes::OneDarkTheme>()) &&
            save("plaintext.png", paintedPages<themes::PlainTextTheme>()) &&
            save("tomorrow.png", paintedPages<themes::TomorrowTheme>()) &&
-           save("tomorrownight.png", paintedPages<themes::TomorrowNightTheme>());
+           save("tomorrownight.png", paintedPages<themes::TomorrowNightTheme>()) &&
+           saveWidgetPictures(folder);
 }
 
 } // namespace
@@ -70,8 +65,8 @@ bool saveGallery(const QDir& folder) {
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    const QStringList arguments = QGuiApplication::arguments();
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 2) {
         std::fputs("usage: view_gallery FOLDER\n", stderr);
         return 2;

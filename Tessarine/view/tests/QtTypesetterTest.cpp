@@ -116,6 +116,29 @@ TEST(QtTextLine, PutsTheCaretWhereLettersRunFromRightToLeft) {
     EXPECT_EQ(found.back(), mixed->typographicBounds().width);
 }
 
+// The letters of "ab אב גד c" stand as "ab דג בא c".
+TEST(QtTextLine, KnowsWhereCharactersShowThatRunFromRightToLeft) {
+    const auto row = sampleRow(u"ab \u05D0\u05D1 \u05D2\u05D3 c");
+    const double hebrew = row->offsetForStringIndex(3);
+    EXPECT_NEAR(row->spansOf({6, 2})[0].minX, hebrew, 0.2) << "the second word on the left";
+    EXPECT_NEAR(row->spansOf({6, 2})[0].maxX, row->spansOf({5, 1})[0].minX, 0.2);
+    EXPECT_NEAR(row->spansOf({5, 1})[0].maxX, row->spansOf({3, 2})[0].minX, 0.2);
+    EXPECT_NEAR(row->spansOf({3, 2})[0].maxX, row->offsetForStringIndex(8), 0.2);
+    const auto whole = row->spansOf({0, 10});
+    ASSERT_EQ(whole.size(), 1) << "what touches is one";
+    EXPECT_NEAR(whole[0].maxX - whole[0].minX, row->typographicBounds().width, 0.2);
+    const auto parts = row->spansOf({2, 2}); // the space and the letter that stands right of all others
+    ASSERT_EQ(parts.size(), 2);
+    EXPECT_NEAR(parts[0].maxX, hebrew, 0.2);
+    EXPECT_NEAR(parts[1].maxX, row->offsetForStringIndex(8), 0.2);
+    EXPECT_EQ(row->spansOf({4, 0}).size(), 1);
+    const auto arabic = sampleRow(u"\u0645\u0631\thello\u0645"); // hello runs to the right
+    EXPECT_NEAR(arabic->spansOf({3, 5})[0].minX, widthOf(u"\u0645"), 2);
+    EXPECT_NEAR(arabic->spansOf({3, 5})[0].maxX, arabic->spansOf({2, 1})[0].minX, 0.2);
+    EXPECT_NEAR(arabic->spansOf({2, 1})[0].maxX, arabic->spansOf({0, 2})[0].minX, 0.2);
+    EXPECT_NEAR(sampleRow(u"abc")->spansOf({1, 1})[0].minX, widthOf(u"a"), 0.01);
+}
+
 TEST(QtTextLine, GivesLineBreaksNoRoom) {
     for (const std::u16string_view lineBreak : {u"\n", u"\r", u"\r\n", u"\u0085", u"\u2028", u"\u2029"})
         EXPECT_EQ(sampleRow(u"ab" + std::u16string(lineBreak))->typographicBounds(),

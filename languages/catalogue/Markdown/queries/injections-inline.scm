@@ -1,0 +1,2 @@
+(html_tag) @html
+(latex_block) @latex
