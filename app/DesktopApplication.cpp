@@ -6,9 +6,21 @@ namespace quillet {
 
 namespace {
 
-// The object's path is the name with slashes, as the specification says.
-const QString service = QStringLiteral("app.quillet.Quillet");
-const QString path = QStringLiteral("/app/quillet/Quillet");
+QString service() {
+    return QString::fromLatin1(desktopName);
+}
+
+// The name with slashes, as the specification says.
+QString path() {
+    return QLatin1Char('/') + service().replace(QLatin1Char('.'), QLatin1Char('/'));
+}
+
+// With it Wayland lets a window come to the front that the user has not touched; the toolkit looks for it
+// there.
+void takeActivationToken(const QVariantMap& platformData) {
+    const QByteArray token = platformData.value(QStringLiteral("activation-token")).toString().toUtf8();
+    if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token);
+}
 
 } // namespace
 
@@ -16,16 +28,17 @@ DesktopApplication::DesktopApplication(std::function<void()> onActivate, const Q
     : m_onActivate(std::move(onActivate))
     , m_bus(bus) {
     // The object first: messages come as soon as the name is there.
-    if (m_bus.registerObject(path, this, QDBusConnection::ExportScriptableSlots))
-        m_bus.registerService(service);
+    if (m_bus.registerObject(path(), this, QDBusConnection::ExportScriptableSlots))
+        m_bus.registerService(service());
 }
 
 DesktopApplication::~DesktopApplication() {
-    m_bus.unregisterService(service);
-    m_bus.unregisterObject(path);
+    m_bus.unregisterService(service());
+    m_bus.unregisterObject(path());
 }
 
-void DesktopApplication::Activate(const QVariantMap& /*platformData*/) {
+void DesktopApplication::Activate(const QVariantMap& platformData) {
+    takeActivationToken(platformData);
     m_onActivate();
 }
 

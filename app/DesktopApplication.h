@@ -9,6 +9,9 @@
 
 namespace quillet {
 
+// The program's name in all that a desktop knows of it.
+inline constexpr char desktopName[] = "app.quillet.Quillet";
+
 // The program as the desktop knows it: started, or brought to the front, by a message of the session bus
 // (org.freedesktop.Application, of the Desktop Entry Specification). Where there is no bus, or another
 // program has the name, the program runs without; SingleInstance alone says which one runs. Main thread.

@@ -14,10 +14,11 @@ int main(int argc, char** argv) {
     // Whoever reads the log may go away; that must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
     platform::unsetServerEnvironment();
+    qputenv("RESOURCE_NAME", quillet::desktopName); // the window's class on X11
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Quillet"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLET_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("app.quillet.Quillet"));
+    QApplication::setDesktopFileName(QString::fromLatin1(quillet::desktopName));
 
     quillet::SingleInstance instance(quillet::dataDirectory());
     if (instance.isAnotherRunning()) {
@@ -26,6 +27,7 @@ int main(int argc, char** argv) {
     }
     quillet::AppDelegate delegate;
     delegate.didFinishLaunching();
+    qunsetenv("RESOURCE_NAME"); // what is started from here on has windows of its own
     instance.setOnActivate([&delegate] { delegate.activate(); });
     const quillet::DesktopApplication desktopApplication([&delegate] { delegate.activate(); });
     const quillet::TerminationSignals termination([&delegate] {

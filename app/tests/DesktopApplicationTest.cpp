@@ -17,9 +17,9 @@ QDBusConnection connectionTo(const platform::PrivateBus& bus, const char* name) 
 
 // As another process would: through the bus, while the program's loop runs.
 QDBusMessage call(const QDBusConnection& from, const QString& method, const QVariantList& arguments) {
-    auto message = QDBusMessage::createMethodCall(
-        QStringLiteral("app.quillet.Quillet"), QStringLiteral("/app/quillet/Quillet"),
-        QStringLiteral("org.freedesktop.Application"), method);
+    auto message = QDBusMessage::createMethodCall(QStringLiteral("app.quillet.Quillet"),
+                                                  QStringLiteral("/app/quillet/Quillet"),
+                                                  QStringLiteral("org.freedesktop.Application"), method);
     message.setArguments(arguments);
     const auto pending = from.asyncCall(message);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pending.isFinished(); }));
@@ -34,10 +34,11 @@ TEST(DesktopApplication, TheDesktopBringsTheProgramToTheFront) {
     int activations = 0;
     {
         const DesktopApplication application([&] { ++activations; }, connectionTo(bus, "program"));
-        EXPECT_EQ(call(desktop, QStringLiteral("Activate"), {QVariantMap()}).type(), QDBusMessage::ReplyMessage);
+        EXPECT_EQ(call(desktop, QStringLiteral("Activate"), {QVariantMap()}).type(),
+                  QDBusMessage::ReplyMessage);
         EXPECT_EQ(activations, 1);
-        const auto refused = call(desktop, QStringLiteral("Open"),
-                                  {QStringList{QStringLiteral("file:///a")}, QVariantMap()});
+        const auto refused =
+            call(desktop, QStringLiteral("Open"), {QStringList{QStringLiteral("file:///a")}, QVariantMap()});
         EXPECT_EQ(refused.errorName(), QStringLiteral("org.freedesktop.DBus.Error.NotSupported"));
     }
     EXPECT_EQ(call(desktop, QStringLiteral("Activate"), {QVariantMap()}).type(), QDBusMessage::ErrorMessage);
