@@ -32,11 +32,13 @@ papers(libtessarine-dev TessarineCore)
 
 install(FILES ${PROJECT_SOURCE_DIR}/THIRD_PARTY_NOTICES.md
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quillet COMPONENT quillet)
-foreach(embedded @highlightjs/cdn-assets framework7-icons)
-  get_filename_component(name ${embedded} NAME)
-  install(FILES ${node_modules}/${embedded}/LICENSE RENAME ${name}
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quillet/licences COMPONENT quillet)
-endforeach()
+# licence(name text): that of what the program embeds.
+function(licence name text)
+  install(FILES ${node_modules}/${text} RENAME ${name} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quillet/licences
+    COMPONENT quillet)
+endfunction()
+licence(highlight.js @highlightjs/cdn-assets/LICENSE)
+licence(framework7-icons framework7-icons/LICENSE)
 # For who sets up a server.
 install(FILES ${PROJECT_SOURCE_DIR}/platform/cloud/schema.sql
   DESTINATION ${CMAKE_INSTALL_DATADIR}/quillet COMPONENT quillet)
