@@ -34,9 +34,11 @@ TEST(DesktopApplication, TheDesktopBringsTheProgramToTheFront) {
     int activations = 0;
     {
         const DesktopApplication application([&] { ++activations; }, connectionTo(bus, "program"));
-        EXPECT_EQ(call(desktop, QStringLiteral("Activate"), {QVariantMap()}).type(),
+        const QVariantMap platformData{{QStringLiteral("activation-token"), QStringLiteral("token")}};
+        EXPECT_EQ(call(desktop, QStringLiteral("Activate"), {platformData}).type(),
                   QDBusMessage::ReplyMessage);
         EXPECT_EQ(activations, 1);
+        EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token");
         const auto refused =
             call(desktop, QStringLiteral("Open"), {QStringList{QStringLiteral("file:///a")}, QVariantMap()});
         EXPECT_EQ(refused.errorName(), QStringLiteral("org.freedesktop.DBus.Error.NotSupported"));
