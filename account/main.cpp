@@ -3,6 +3,7 @@
 #include "platform/cloud/ServerEnvironment.h"
 #include "platform/screens/style/Style.h"
 
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 int main(int argc, char** argv) {
@@ -15,6 +16,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Quillet Account"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLET_VERSION));
     QApplication::setDesktopFileName(QString::fromLatin1(desktopName));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("app.quillet.Quillet")));
     platform::applyStyle();
     account::AccountWindow window(signIn, std::ref(tryConnection));
     window.show();

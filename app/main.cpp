@@ -6,6 +6,7 @@
 #include "platform/cloud/ServerEnvironment.h"
 #include "platform/foundation/Log.h"
 
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 #include <csignal>
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Quillet"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLET_VERSION));
     QApplication::setDesktopFileName(QString::fromLatin1(quillet::desktopName));
+    QApplication::setWindowIcon(QIcon::fromTheme(QString::fromLatin1(quillet::desktopName)));
 
     quillet::SingleInstance instance(quillet::dataDirectory());
     if (instance.isAnotherRunning()) {
