@@ -8,9 +8,8 @@ import time
 
 import screen
 from library import Library
-from screen import Missing, press, wait
+from screen import Missing, click_at, nodes, press, shows, wait
 from server import PASSWORD
-from sight import click_at, nodes, shows
 
 WIDTH, HEIGHT = 950, 1120
 

@@ -2,8 +2,7 @@
 
 import time
 
-from screen import Missing, press, run, set_clipboard, type_text, wait
-from sight import click, click_at, find, gone, nodes, shows
+from screen import Missing, click, click_at, find, gone, nodes, press, run, set_clipboard, shows, type_text, wait
 
 ROW, BUTTON = "table cell", "push button"
 LANGUAGES = ("swift", "python", "ruby")
