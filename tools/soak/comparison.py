@@ -10,7 +10,8 @@ SETTINGS_SETTLED = 30
 
 
 def _recover_and_save(devices, journal):
-    for device in devices:
+    """Who comes back to a program has it look at the cloud at once, whatever it was waiting for."""
+    for device in [*devices, devices[0]]:
         try:
             device.recover()
             device.save()
@@ -19,19 +20,18 @@ def _recover_and_save(devices, journal):
 
 
 def _settle(devices, journal):
-    """Gives the two libraries."""
+    """Gives the two libraries, and whether they are the same."""
     end = time.monotonic() + SETTLED
     while True:
         first, second = (device.library() for device in devices)
         differences = first.differences(second)
         if not differences and not first.unsent and not second.unsent:
-            break
+            return first, second, True
         if time.monotonic() > end:
             journal.fault(f"not the same after {SETTLED} s: {len(differences)} rows, {first.unsent} and {second.unsent} unsent")
             (journal.folder / f"differences-{len(journal.faults)}.txt").write_text("\n".join(differences), encoding="utf-8")
-            break
+            return first, second, False
         time.sleep(1)
-    return first, second
 
 
 def _compare_settings(devices, journal):
@@ -45,11 +45,13 @@ def _compare_settings(devices, journal):
 def compare(devices, ledger, journal):
     _recover_and_save(devices, journal)
     start = journal.seconds()
-    libraries = _settle(devices, journal)
+    *libraries, are_same = _settle(devices, journal)
     now = time.monotonic()
     words = {device.name: library.words() for device, library in zip(devices, libraries)}
     for name, held in words.items():
         ledger.observe(name, held, now)
+    if not are_same:
+        return
     ledger.settle(words, now)
     _compare_settings(devices, journal)
     journal.happened("comparisons", f"the same after {journal.seconds() - start:.1f} s:",
