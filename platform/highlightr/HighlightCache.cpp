@@ -29,7 +29,7 @@ void HighlightCache::add(Question question, std::shared_ptr<const HighlightedCod
     const std::scoped_lock lock(m_mutex);
     m_entries.push_front({std::move(question), std::move(answer), size});
     m_size += size;
-    while (m_size > m_capacity) {
+    while (m_size > m_capacity || m_entries.size() > mostEntries) {
         m_size -= m_entries.back().size;
         m_entries.pop_back();
     }

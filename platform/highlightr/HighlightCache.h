@@ -24,6 +24,9 @@ struct Question {
 // costs a comparison of the text where one of the same length is kept.
 class HighlightCache {
 public:
+    // More would be states of texts that typing has left behind for good.
+    static constexpr std::size_t mostEntries = 64;
+
     // Answers are kept up to so many bytes, their texts included.
     explicit HighlightCache(qsizetype capacity)
         : m_capacity(capacity) {}

@@ -11,31 +11,18 @@ CONTROLS = {"push button", "toggle button", "radio button", "check box", "text",
 ROWS = {"tree item", "table cell", "list item"}
 
 
-def _shown(node, depth=0):
-    states = node.get_state_set()
-    if depth and not states.contains(Atspi.StateType.SHOWING):
-        return
-    yield depth, node, states
-    for index in range(node.get_child_count()):
-        child = node.get_child_at_index(index)
-        if child is not None:
-            yield from _shown(child, depth + 1)
-
-
 def write_listing(path):
     """Writes all that shows, a line each, and checks it."""
-    application = screen.application()
-    application.clear_cache()
     lines, faults, rows = [], [], 0
-    for depth, node, states in _shown(application):
-        role, name = node.get_role_name(), node.get_name() or ""
+    for depth, node in screen.application().shown():
+        role, name = node.role, node.name
         said = [state for state in ("FOCUSED", "SELECTED", "CHECKED", "EXPANDABLE", "EXPANDED")
-                if states.contains(getattr(Atspi.StateType, state))]
+                if node.has(getattr(Atspi.StateType, state))]
         lines.append(f"{'  ' * depth}{role} \"{name}\"{' ' if said else ''}{' '.join(said).lower()}")
-        reachable = states.contains(Atspi.StateType.FOCUSABLE) or role in CONTROLS
+        reachable = node.has(Atspi.StateType.FOCUSABLE) or role in CONTROLS
         if reachable and not name and role not in ("separator", "scroll bar"):
             faults.append(f"without a name: {lines[-1].strip()}")
-        if states.contains(Atspi.StateType.FOCUSABLE) and role not in CONTROLS and role not in ("frame", "dialog", "alert"):
+        if node.has(Atspi.StateType.FOCUSABLE) and role not in CONTROLS and role not in ("frame", "dialog", "alert"):
             faults.append(f"of no fitting role: {lines[-1].strip()}")
         rows += role in ROWS
     path.write_text("\n".join(lines) + "\n", encoding="utf-8")

@@ -7,7 +7,9 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import GLib  # noqa: E402
+
+import tree  # noqa: E402
 
 PATIENCE = 20  # seconds that anything may take to appear
 
@@ -31,7 +33,7 @@ def wait(what, condition):
     while True:
         try:
             found = condition()
-        except (Missing, gi.repository.GLib.Error):
+        except (Missing, GLib.Error):
             found = None  # no active window yet, or the tree changed under us
         if found:
             return found
@@ -40,49 +42,22 @@ def wait(what, condition):
         time.sleep(0.05)
 
 
-def _walk(node):
-    yield node
-    for index in range(node.get_child_count()):
-        child = node.get_child_at_index(index)
-        if child is not None:
-            yield from _walk(child)
-
-
 def application():
-    desktop = Atspi.get_desktop(0)
-    for index in range(desktop.get_child_count()):
-        child = desktop.get_child_at_index(index)
-        if child is None or "quillet" not in (child.get_name() or "").lower():
-            continue
-        if process is None or child.get_process_id() == process:
-            return child
-    return None
+    return tree.look("quillet", process)
 
 
 def nodes(role=None):
     program = application()
-    if program is None:
-        return []
-    program.clear_cache()
-    return [
-        node
-        for node in _walk(program)
-        if node.get_state_set().contains(Atspi.StateType.SHOWING) and (role is None or node.get_role_name() == role)
-    ]
+    return [node for depth, node in program.shown() if depth and role in (None, node.role)] if program else []
 
 
 def texts_of(node):
-    yield node.get_name() or ""
-    yield node.get_description() or ""
-    text = node.get_text_iface()
-    if text is not None:
-        yield Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text))
+    return [node.name, node.description, *([node.text()] if node.role == "text" else [])]
 
 
 def _is_called(node, name):
-    called = node.get_name() or ""
     # Of a row its title is read, and then what stands at its end.
-    return called == name or (called.startswith(f"{name}, ") and node.get_role_name() == "table cell")
+    return node.name == name or (node.name.startswith(f"{name}, ") and node.role == "table cell")
 
 
 def find(name, role=None):
@@ -104,15 +79,19 @@ def shows_text(fragment):
 
 
 def center(node):
-    box = Atspi.Component.get_extents(node.get_component_iface(), Atspi.CoordType.SCREEN)
-    return box.x + box.width // 2, box.y + box.height // 2
+    left, top, width, height = node.box()
+    return left + width // 2, top + height // 2
+
+
+def click_at(node, button="1"):
+    x, y = center(node)
+    run("xdotool", "mousemove", str(x), str(y), "click", button)
 
 
 def click(name, role=None, button="1"):
     shows(name, role)
     time.sleep(0.6)  # what moves comes to rest
-    x, y = center(shows(name, role))
-    run("xdotool", "mousemove", str(x), str(y), "click", button)
+    click_at(shows(name, role), button)
 
 
 def gone(name, role=None):
@@ -151,8 +130,8 @@ def picture(path, window=None):
 
 def colours_in(path, node):
     """How many colours the part of a picture under `node` has."""
-    box = Atspi.Component.get_extents(node.get_component_iface(), Atspi.CoordType.SCREEN)
-    area = f"{box.width}x{box.height}+{box.x}+{box.y}"
+    left, top, width, height = node.box()
+    area = f"{width}x{height}+{left}+{top}"
     return int(run("convert", path, "-crop", area, "-format", "%k", "info:"))
 
 

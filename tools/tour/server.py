@@ -34,15 +34,24 @@ class Server:
             os.chown(self.folder, pwd.getpwnam(self.user).pw_uid, -1)
         self._run("initdb", "--pgdata", self._data(), "--username", "administrator", "--auth-local", "trust",
                   "--auth-host", "scram-sha-256", "--encoding", "UTF8", "--no-sync")
+        self._start()
+        self._sql("postgres", "CREATE ROLE quillet_users NOLOGIN")
+        self._sql("postgres", "CREATE DATABASE quillet")
+        self._sql("quillet", pathlib.Path(schema).read_text(encoding="utf-8"))
+        self._sql("quillet", f"CREATE ROLE ada LOGIN PASSWORD '{PASSWORD}' IN ROLE quillet_users")
+
+    def _start(self):
         self.process = subprocess.Popen(
             [_programs() / "postgres", "-D", self._data(), "-k", self.folder, "-p", str(self.port),
              "-c", "listen_addresses=127.0.0.1", "-c", "fsync=off"],
             user=self.user, cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self._run("pg_isready", "--host", self.folder, "--port", str(self.port), tries=200)
-        self._sql("postgres", "CREATE ROLE quillet_users NOLOGIN")
-        self._sql("postgres", "CREATE DATABASE quillet")
-        self._sql("quillet", pathlib.Path(schema).read_text(encoding="utf-8"))
-        self._sql("quillet", f"CREATE ROLE ada LOGIN PASSWORD '{PASSWORD}' IN ROLE quillet_users")
+
+    def restart(self, how):
+        """`fast` hangs up on everybody; `immediate` is a crash, after which the server recovers from its log."""
+        self.process.send_signal({"fast": signal.SIGINT, "immediate": signal.SIGQUIT}[how])
+        self.process.wait()
+        self._start()
 
     def sign_in(self, home):
         """Writes what a signed-in user has in the home folder."""

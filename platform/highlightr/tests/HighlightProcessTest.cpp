@@ -104,6 +104,17 @@ TEST(HighlightCache, KeepsWhatWasUsedLastWithinItsCapacity) {
     EXPECT_TRUE(cache.find(question(9))) << "what is too large pushes nothing out";
 }
 
+TEST(HighlightCache, KeepsNoLongTrailOfWhatWasTyped) {
+    constexpr auto most = static_cast<int>(highlight::HighlightCache::mostEntries);
+    highlight::HighlightCache cache(24 << 20);
+    const auto question = [](int length) { return highlight::Question{QString(length, u'a'), c, 0}; };
+    for (int length = 0; length <= most; ++length)
+        cache.add(question(length), std::make_shared<HighlightedCode>());
+    EXPECT_FALSE(cache.find(question(0)));
+    EXPECT_TRUE(cache.find(question(1)));
+    EXPECT_TRUE(cache.find(question(most)));
+}
+
 TEST(PriorityMutex, UrgentOnesPassPatientOnes) {
     using highlight::Priority;
     highlight::PriorityMutex mutex;
