@@ -19,9 +19,9 @@ SOURCES = re.compile(r"^(app|account|Quillet|Halcyonix|platform|examples|Tessari
                      r"\.(cpp|h|desktop|xml)(\.in)?$")
 TESTS = re.compile(r"/(tests|bench|fuzz|gallery)/")
 DOCUMENT = re.compile(r"^(?!.*/sample\.md$|THIRD_PARTY_NOTICES\.md$).*\.md$")
-TOKEN = re.compile(r"//[^\n]*|/\*.*?\*/|R\"(\w*)\((?:.*?)\)\1\"|'(?:[^'\\\n]|\\.)+'|\"((?:[^\"\\\n]|\\.)*)\"", re.DOTALL)
+TOKEN = re.compile(r"//[^\n]*|/\*.*?\*/|R\"(\w*)\((?:.*?)\)\1\"|(?<![0-9a-fA-F])'(?:[^'\\\n]|\\.)+'|\"((?:[^\"\\\n]|\\.)*)\"", re.DOTALL)
 CODE = re.compile(r"[=;{}$<>|\[\]_]|::|->|\b[A-Z]{2,} [A-Z]{2,}\b|^\s*#|\w\.\w+\(")
-FENCE = re.compile(r"^```.*?^```$|^(?: {4}|\t).*$|`[^`]*`|\]\([^)]*\)|<[^>]*>", re.MULTILINE | re.DOTALL)
+FENCE = re.compile(r"^```.*?^```$|^(?: {4}|\t)[^\n]*|`[^`]*`|\]\([^)]*\)|<[^>]*>", re.MULTILINE | re.DOTALL)
 WORD = re.compile(r"[A-Za-z\u00c0-\u024f]+(?:['’][A-Za-z]+)*")
 
 
