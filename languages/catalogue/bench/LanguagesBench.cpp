@@ -8,9 +8,11 @@
 #include "Tessarine/syntax/highlighting/HighlightCaptures.h"
 #include "languages/catalogue/Catalogue.h"
 #include "languages/catalogue/tests/ParsedSample.h"
+#include "tools/bench/Record.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <string>
 
 using namespace tessarine;
 using namespace tessarine::languages;
@@ -23,7 +25,7 @@ constexpr int repetitions = 7;
 // A sample without what would end the program in front of the next copy, or with what ends a document before
 // the directives of the next.
 std::u16string repeatableSample(const CatalogueEntry& entry) {
-    const std::u16string sample = sampleOf(entry);
+    std::u16string sample = sampleOf(entry);
     if (entry.language == Language::Perl) return sample.substr(0, sample.find(u"__DATA__"));
     if (entry.language == Language::YAML) return sample + u"...\n";
     return sample;
@@ -67,6 +69,10 @@ bool benchLanguage(const CatalogueEntry& entry) {
     std::printf("%-16.*s %10.1f %10.1f %10.1f %10zu\n", static_cast<int>(entry.name.size()),
                 entry.name.data(), root, layers, captures, count);
     std::fflush(stdout);
+    const std::string name(entry.name);
+    bench::keep({name, "grammar", root, root, "M characters/s"});
+    bench::keep({name, "document", layers, layers, "M characters/s"});
+    bench::keep({name, "captures", captures, captures, "M characters/s"});
     return isColouredWhole(entry, sample, text, count);
 }
 
