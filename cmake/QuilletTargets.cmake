@@ -33,15 +33,25 @@ function(quillet_library name)
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE quillet_warnings)
 endfunction()
 
-# quillet_tests(suite [ON_SCREEN] SOURCES ... LINK ...): the tests of one folder, run by `./test suite`; those of
-# what is on screen also by `./test screens`.
+# Suites without windows, and without a toolkit, are `unit_suites`: the whole run has them with sanitizers and not once more
+# without, so they are no part of `all`.
+add_custom_target(unit_suites)
+function(unit_suite suite)
+  set_target_properties(${suite}_tests PROPERTIES EXCLUDE_FROM_ALL ON)
+  add_dependencies(unit_suites ${suite}_tests)
+endfunction()
+
+# quillet_tests(suite [ON_SCREEN|UNIT] SOURCES ... LINK ...): the tests of one folder, run by `./test suite`; those of
+# what is on screen also by `./test screens`, UNIT ones by `./test unit`.
 # Each test is its own process: a crash is one failure, and shared instances start fresh.
 function(quillet_tests suite)
-  cmake_parse_arguments(ARG "ON_SCREEN" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "ON_SCREEN;UNIT" "" "SOURCES;LINK" ${ARGN})
   set(label ${suite})
   if(ARG_ON_SCREEN)
     set(label screens/${suite}) # not two labels: the discovery of tests makes a list flat
     set_property(GLOBAL APPEND PROPERTY QUILLET_ON_SCREEN ${suite}_tests)
+  elseif(ARG_UNIT)
+    set(label unit/${suite})
   endif()
   add_executable(${suite}_tests ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/cmake/TestMain.cpp)
   set_target_properties(${suite}_tests PROPERTIES AUTOMOC ON)
@@ -50,6 +60,9 @@ function(quillet_tests suite)
   include(GoogleTest)
   gtest_discover_tests(${suite}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${suite}." PROPERTIES
     LABELS ${label} TIMEOUT 300)
+  if(ARG_UNIT)
+    unit_suite(${suite})
+  endif()
 endfunction()
 
 # tessarine_tests(suite SOURCES ...): the tests of one folder of the engine, without Qt.
@@ -60,7 +73,8 @@ function(tessarine_tests suite)
     quillet_warnings)
   include(GoogleTest)
   gtest_discover_tests(${suite}_tests DISCOVERY_MODE PRE_TEST TEST_PREFIX "${suite}." PROPERTIES
-    LABELS ${suite} TIMEOUT 300)
+    LABELS unit/${suite} TIMEOUT 300)
+  unit_suite(${suite})
 endfunction()
 
 # tessarine_fuzz(suite name SOURCES ... CORPUS folder RUNS n): a fuzz target of a folder of the engine. With
@@ -77,7 +91,7 @@ function(tessarine_fuzz suite name)
     set(fuzzer "")
     set(bound -runs=${ARG_RUNS})
   endif()
-  add_executable(${name} ${ARG_SOURCES} ${driver})
+  add_executable(${name} EXCLUDE_FROM_ALL ${ARG_SOURCES} ${driver})
   target_compile_options(${name} PRIVATE ${fuzzer})
   target_link_options(${name} PRIVATE ${fuzzer})
   target_link_libraries(${name} PRIVATE tessarine quillet_warnings)
@@ -87,7 +101,7 @@ function(tessarine_fuzz suite name)
   file(MAKE_DIRECTORY ${found})
   add_test(NAME ${suite}.${name} COMMAND ${name} ${bound} -seed=1 ${found}
     ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_CORPUS})
-  set_tests_properties(${suite}.${name} PROPERTIES LABELS "${suite};fuzz" TIMEOUT 300)
+  set_tests_properties(${suite}.${name} PROPERTIES LABELS "unit/${suite};fuzz" TIMEOUT 300)
 endfunction()
 
 # quillet_bench(name SOURCES ... LINK ...): benchmarks, run by `./bench name`; not part of `all`.

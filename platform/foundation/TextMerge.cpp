@@ -94,7 +94,12 @@ Region takeRegion(Side& a, Side& b) {
     Region region = firstRegion(a, b);
     a.forgetTaken();
     b.forgetTaken();
-    while (a.take(region) | b.take(region)) {
+    // Both are asked each time: what one has taken may make the region reach the other's next hunk.
+    const auto takeFromBoth = [&] {
+        const bool hasTaken = a.take(region);
+        return b.take(region) || hasTaken;
+    };
+    while (takeFromBoth()) {
     }
     return region;
 }

@@ -7,6 +7,7 @@
 #include "Quillet/core/CoreDataStack.h"
 #include "platform/foundation/bench/Samples.h"
 #include "platform/screens/controllers/ViewController.h"
+#include "tools/bench/Record.h"
 
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
@@ -30,8 +31,12 @@ constexpr int folders = 200;
 constexpr int tags = 300;
 constexpr QSize windowSize(320, 900); // points
 
+int snippetCount = 0;
+const char* shownBy = "Quillet"; // whose figures are reported
+
 void report(const char* name, const Samples& samples) {
     std::printf("  %-52s %9.2f %9.2f\n", name, samples.median(), samples.p99());
+    bench::keep({name, shownBy, samples.median(), samples.p99(), "ms", static_cast<double>(snippetCount)});
 }
 
 // Titles of a few words, so that a comparison has to look at more than a letter or two.
@@ -200,6 +205,7 @@ void measureLists() {
         measureDisclosure(list);
     }
     std::printf(" QTreeView\n");
+    shownBy = "QTreeView";
     SnippetTree tree(model);
     QTreeView view;
     view.setUniformRowHeights(true);
@@ -221,6 +227,7 @@ int measureHere(int snippets) {
     const QTemporaryDir directory;
     qputenv("XDG_DATA_HOME", directory.path().toUtf8());
     fill(snippets);
+    snippetCount = snippets;
     std::printf("%d snippets %*s %9s %9s\n", snippets, 40, "ms", "median", "p99");
     measureLists();
     return 0;

@@ -6,6 +6,7 @@
 #include "Quillet/core/TagService.h"
 #include "Quillet/core/bench/BenchLibrary.h"
 #include "platform/foundation/bench/Samples.h"
+#include "tools/bench/Record.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -159,6 +160,14 @@ Figures figuresOf(const QString& dataHome, const QString& flag, int size) {
     return figures;
 }
 
+void keepFigures(const QString& place, const std::array<Figures, sizes.size()>& columns, std::size_t row) {
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+        const auto& [name, figure] = columns[i][row];
+        bench::keep({(name + QStringLiteral(", ") + place).toStdString(), "Quillet", figure.first,
+                     figure.second, "ms", static_cast<double>(sizes[i])});
+    }
+}
+
 void printTable(const QString& place, const QString& folder) {
     std::array<Figures, sizes.size()> columns;
     for (std::size_t i = 0; i < sizes.size(); ++i) {
@@ -173,6 +182,7 @@ void printTable(const QString& place, const QString& folder) {
         const auto& large = columns[1][row].second;
         std::printf("%-34s %10.2f %10.2f %10.2f %10.2f %8.1f\n", qUtf8Printable(name), small.first,
                     small.second, large.first, large.second, large.first / small.first);
+        keepFigures(place, columns, row);
     }
     std::printf("\n");
 }

@@ -12,6 +12,7 @@
 #include "platform/cloud/RemoteNotifications.h"
 #include "platform/cloud/tests/CloudFixture.h"
 #include "platform/foundation/bench/Samples.h"
+#include "tools/bench/Record.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QElapsedTimer>
@@ -73,8 +74,15 @@ Transfer timed(const std::function<void()>& work) {
     return {static_cast<double>(timer.nsecsElapsed()) / 1e9, loopbackBytes() - before};
 }
 
-void print(const char* name, const Transfer& transfer, const Transfer& floor, int records) {
-    std::printf("| %s | %.2f | %.0f | %.2f | %.1f |\n", name, transfer.seconds,
+void keep(const std::string& row, const char* who, double value, const char* unit) {
+    bench::keep({row, who, value, value, unit});
+}
+
+void print(const std::string& name, const Transfer& transfer, const Transfer& floor, int records,
+           const char* place) {
+    keep(name + ", " + place, "Quillet", transfer.seconds, "s");
+    keep(name + ", " + place, "records alone", floor.seconds, "s");
+    std::printf("| %s | %.2f | %.0f | %.2f | %.1f |\n", name.c_str(), transfer.seconds,
                 static_cast<double>(transfer.bytes) / records, floor.seconds,
                 transfer.seconds / floor.seconds);
 }
@@ -147,19 +155,24 @@ void measure(Cloud::Kind kind, CoreDataStack& first, CoreDataStack& second,
         wait([&] { return isUpToDate(second) && count(second) == snippets; });
     });
     const auto [floorPush, floorPull] = measureFloor(cloud, 2'400);
+    const char* place = kind == Cloud::Kind::Server ? "PostgreSQL, over loopback" : "one file";
     std::printf(
         "\n%s\n\n| | seconds | bytes a record | floor, seconds | ratio |\n| --- | --- | --- | --- | --- |\n",
-        kind == Cloud::Kind::Server ? "PostgreSQL, over loopback" : "One file");
-    print("first push of 10,000", push, floorPush, snippets);
-    print("first pull of 10,000", pull, floorPull, snippets);
+        place);
+    print("first push of 10,000", push, floorPush, snippets, place);
+    print("first pull of 10,000", pull, floorPull, snippets, place);
     const Samples propagation = measurePropagation(first, second);
     std::printf("\nfrom a save to the other device's list, ms: p50 %.1f, p95 %.1f, p99 %.1f (%d samples)\n",
                 propagation.median(), propagation.quantile(0.95), propagation.p99(), edits);
+    bench::keep({std::string("from a save to the other device, ") + place, "Quillet", propagation.median(),
+                 propagation.p99(), "ms"});
     const double before = cpuMilliseconds();
     QEventLoop idle;
     QTimer::singleShot(idleSeconds * 1'000, &idle, &QEventLoop::quit);
     idle.exec();
-    std::printf("two idle devices: %.2f ms of CPU a second\n", (cpuMilliseconds() - before) / idleSeconds);
+    const double idleCost = (cpuMilliseconds() - before) / idleSeconds;
+    std::printf("two idle devices: %.2f ms of CPU a second\n", idleCost);
+    keep(std::string("a second of two idle devices, ") + place, "Quillet", idleCost, "ms of CPU");
     first.stopMirroring();
     second.stopMirroring();
 }

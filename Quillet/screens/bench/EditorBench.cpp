@@ -7,6 +7,7 @@
 
 #include "Quillet/screens/code/CodeAttributedString.h"
 #include "platform/foundation/bench/Samples.h"
+#include "tools/bench/Record.h"
 
 #include <QtGui/QFontDatabase>
 #include <QtGui/QKeyEvent>
@@ -210,6 +211,9 @@ Figures switching() {
 void row(const char* size, const char* what, const Samples& ours, const Samples& floor) {
     std::printf("%-14s %-34s %9.2f %9.2f %9.2f %9.2f %7.1f\n", size, what, ours.median(), ours.p99(),
                 floor.median(), floor.p99(), ours.median() / floor.median());
+    const std::string name = std::string(size) + ": " + what;
+    bench::keep({name, "Quillet", ours.median(), ours.p99(), "ms"});
+    bench::keep({name, "QPlainTextEdit", floor.median(), floor.p99(), "ms"});
     std::fflush(stdout);
 }
 

@@ -14,6 +14,8 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 using namespace tessarine;
 
@@ -86,8 +88,22 @@ Figures measureOurs(const std::string& text) {
     return figures;
 }
 
-// How the time of an edit grows with the document.
-void printGrowth() {
+using Peers = std::vector<std::pair<std::string, std::string>>; // names and commands
+
+void addPeers(PeerTable& table, const Peers& peers, const std::string& text) {
+    const SharedFile file(text);
+    if (!file.isWritten()) return;
+    for (const auto& [name, command] : peers)
+        table.add(name, measurePeer(command, file.path()));
+}
+
+void keepGrowth(const PeerTable& table, int lines) {
+    table.keepRow("random edit by lines, ns", "randomEdit", lines);
+    table.keepRow("keystroke by lines, ns", "keystroke", lines);
+}
+
+// How the time of an edit grows with the document; beyond 100,000 lines that of ours alone.
+void printGrowth(const Peers& peers) {
     std::printf(
         "\nns an edit by lines                             random: median     p99    keystroke: median\n");
     for (const int lines : {1'000, 10'000, 100'000, 1'000'000, 10'000'000}) {
@@ -99,6 +115,9 @@ void printGrowth() {
         });
         std::printf("%42d %19.0f %7.0f %20.0f\n", lines, figures["randomEdit"].median,
                     figures["randomEdit"].p99, figures["keystroke"].median);
+        PeerTable table(figures);
+        if (lines <= 100'000) addPeers(table, peers, text);
+        keepGrowth(table, lines);
     }
 }
 
@@ -106,13 +125,13 @@ void printGrowth() {
 
 int main(int argc, char** argv) {
     const std::string text = sourceText(1'000'000);
-    const SharedFile file(text);
-    if (!file.isWritten()) return 1;
+    Peers peers;
+    for (int i = 1; i + 1 < argc; i += 2)
+        peers.emplace_back(argv[i], argv[i + 1]);
     std::printf("1,000,000 lines, %zu bytes. Columns: median, p99, median against ours\n", text.size());
     PeerTable table(measureOurs(text));
-    for (int i = 1; i + 1 < argc; i += 2)
-        table.add(argv[i], measurePeer(argv[i + 1], file.path()));
-
+    addPeers(table, peers, text);
+    keepGrowth(table, 1'000'000);
     table.printHead();
     table.printRow("load from UTF-8 in memory, ms", "load");
     table.printRow("random edit, ns", "randomEdit");
@@ -123,6 +142,6 @@ int main(int argc, char** argv) {
     table.printRow("resident bytes a character, all in all", "memory");
     table.printRow("  of them text, bytes a character", "textMemory");
     table.printRow("  of them lines, bytes a line", "lineMemory");
-    printGrowth();
+    printGrowth(peers);
     return 0;
 }

@@ -4,6 +4,7 @@
 #include "Tessarine/document/LineBreakScanner.h"
 #include "Tessarine/document/LineManager.h"
 #include "Tessarine/document/bench/Workload.h"
+#include "tools/bench/Record.h"
 
 #include <benchmark/benchmark.h>
 
@@ -44,10 +45,13 @@ Starts startsOf(std::u16string_view text) {
 void print(const char* what, Samples& ours, Samples& peers) {
     std::printf("  %-44s %10.0f %10.0f %14.0f %10.0f\n", what, ours.median(), ours.p99(), peers.median(),
                 peers.p99());
+    bench::keep({what, "Tessarine", ours.median(), ours.p99(), "ns"});
+    bench::keep({what, "array of starts", peers.median(), peers.p99(), "ns"});
 }
 
 void print(const char* what, Samples& ours) {
     std::printf("  %-44s %10.0f %10.0f\n", what, ours.median(), ours.p99());
+    bench::keep({what, "Tessarine", ours.median(), ours.p99(), "ns"});
 }
 
 enum class Kind { character, lineBreak };

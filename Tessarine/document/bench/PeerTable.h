@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tools/bench/Record.h"
+
 #include <cstdio>
 #include <filesystem>
 #include <map>
@@ -71,7 +73,8 @@ public:
     }
 
     // Median, p99, and the median against ours.
-    void printRow(const char* what, const std::string& key) const {
+    void printRow(const char* what, const std::string& key, const std::string& group = {}) const {
+        keepRow(group.empty() ? what : group + ": " + what, key);
         std::printf("%-42s", what);
         const double ours = m_columns.front().second.at(key).median;
         for (const auto& [name, figures] : m_columns) {
@@ -83,6 +86,13 @@ public:
                             found->second.median / ours);
         }
         std::printf("\n");
+    }
+
+    // For the tables and plots, without printing it.
+    void keepRow(const std::string& what, const std::string& key, double size = 0) const {
+        for (const auto& [name, figures] : m_columns)
+            if (const auto found = figures.find(key); found != figures.end())
+                bench::keep({what, name, found->second.median, found->second.p99, "", size});
     }
 
 private:

@@ -39,9 +39,8 @@ private:
 
     static double clockCost() {
         static const double cost = [] {
-            std::vector<double> empty;
-            for (int i = 0; i < 10'001; ++i)
-                empty.push_back(durationOf([] {}));
+            std::vector<double> empty(10'001);
+            std::ranges::generate(empty, [] { return durationOf([] {}); });
             std::ranges::nth_element(empty, empty.begin() + 5'000);
             return empty[5'000];
         }();

@@ -5,6 +5,7 @@
 #include "Tessarine/document/StringView.h"
 #include "Tessarine/document/TextDecoder.h"
 #include "Tessarine/document/TextEncoder.h"
+#include "tools/bench/Record.h"
 
 #include <algorithm>
 #include <chrono>
@@ -50,10 +51,12 @@ void print(const char* name, const std::vector<double>& sorted, double divisor, 
                divisor;
     };
     std::printf("%-46s %12.3f %12.3f  %s\n", name, at(0.5), at(0.99), unit);
+    bench::keep({name, "Tessarine", at(0.5), at(0.99), unit});
 }
 
 void printNumber(const char* name, double value, const char* unit) {
     std::printf("%-46s %12.3f %12s  %s\n", name, value, "", unit);
+    bench::keep({name, "Tessarine", value, value, unit});
 }
 
 std::string sourceText() {

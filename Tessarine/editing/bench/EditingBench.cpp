@@ -172,9 +172,9 @@ void benchKeysWithSyntax(const std::string& name, const std::u16string& text, in
         bareRemoved.measure([&] { bare.reparse(rawEdit(removal)); });
     }
     printRow("a character in " + name, typed, microseconds, "us");
-    printRow("  the library alone", bareTyped, microseconds, "us");
+    printLibraryRow("alone", bareTyped, microseconds, "us");
     printRow("a backspace in " + name, removed, microseconds, "us");
-    printRow("  the library alone", bareRemoved, microseconds, "us");
+    printLibraryRow("alone", bareRemoved, microseconds, "us");
 }
 
 } // namespace

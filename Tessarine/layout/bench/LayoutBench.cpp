@@ -95,17 +95,16 @@ Samples timeJumps(Screen& screen, int count) {
 
 void benchLines(int lines) {
     const EditedDocument document = documentOf(sourceLines(lines));
-    const std::string of = ", " + std::to_string(lines) + " lines";
     Samples opening = timeOpening(document);
-    printRow("first viewport of 60 rows" + of, opening, microseconds, "us");
+    printGrowingRow("first viewport of 60 rows", lines, opening, microseconds, "us");
     Screen screen(document);
     screen.show(0);
     Samples rows = timeScrolling(screen, rowHeight, 5'000);
-    printRow("scroll by a row" + of, rows, microseconds, "us");
+    printGrowingRow("scroll by a row", lines, rows, microseconds, "us");
     Samples pages = timeScrolling(screen, screenHeight, 2'000);
-    printRow("page down" + of, pages, microseconds, "us");
+    printGrowingRow("page down", lines, pages, microseconds, "us");
     Samples jumps = timeJumps(screen, 2'000);
-    printRow("jump to a random place" + of, jumps, microseconds, "us");
+    printGrowingRow("jump to a random place", lines, jumps, microseconds, "us");
 }
 
 // Resident memory does not tell here: what the text was made from has left room enough.
@@ -124,6 +123,7 @@ void benchVisitedLines() {
         screen.show(screen.top() + screenHeight);
     const double kept = (heapBytes() - before) / static_cast<double>(screen.manager().lineControllerCount());
     std::printf("%-58s %10.0f %10s  bytes\n", "kept for each of 10,000 visited lines", kept, "");
+    bench::keep({"kept for each of 10,000 visited lines", "Tessarine", kept, kept, "bytes"});
     Samples themes;
     for (int i = 0; i < 200; ++i)
         themes.measure([&] {

@@ -94,7 +94,7 @@ Samples timeKeys(BenchDocument& document, Screen& screen, std::int64_t at, doubl
     return samples;
 }
 
-void bench(BenchDocument& document, InternalLanguageMode& mode, const std::string& of, double width) {
+void benchWindow(BenchDocument& document, InternalLanguageMode& mode, const std::string& of, double width) {
     Samples start;
     for (int i = 0; i < 10; ++i)
         start.measure([&] { Screen(document, mode, width).show(0); });
@@ -129,8 +129,8 @@ int main() {
     document.mode->parse(document.stringView->snapshot());
     PlainTextInternalLanguageMode plain;
     std::printf("%-58s %10s %10s\n", "", "median", "p99");
-    bench(document, plain, ", plain, rows of 120", 1'200);
-    bench(document, plain, ", plain, not wrapped", 10'000);
-    bench(document, *document.mode, ", C, rows of 120", 1'200);
-    bench(document, *document.mode, ", C, not wrapped", 10'000);
+    benchWindow(document, plain, ", plain, rows of 120", 1'200);
+    benchWindow(document, plain, ", plain, not wrapped", 10'000);
+    benchWindow(document, *document.mode, ", C, rows of 120", 1'200);
+    benchWindow(document, *document.mode, ", C, not wrapped", 10'000);
 }

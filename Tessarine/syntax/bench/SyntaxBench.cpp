@@ -50,7 +50,7 @@ void benchParses(const std::string& name, const std::u16string& text, std::strin
         samples.measure([&] { document.mode->parse(document.stringView->snapshot()); });
     const double memory = allocated() - beforeOurs;
     printRow("parse " + name, samples, milliseconds, "ms");
-    printRow("  library, without what is injected", bareSamples, milliseconds, "ms");
+    printLibraryRow("without what is injected", bareSamples, milliseconds, "ms");
     std::printf("%-58s %10.1f %10.1f  bytes a character, ours and the library's\n", "  memory of the trees",
                 memory / static_cast<double>(text.size()), bareMemory / static_cast<double>(text.size()));
 }
@@ -77,7 +77,7 @@ void benchKeystrokes(const std::string& name, const std::u16string& text, std::s
     }
     document.settle();
     printRow("keystroke " + name, samples, microseconds, "us");
-    if (!budget) printRow("  library, without what is injected", bareSamples, microseconds, "us");
+    if (!budget) printLibraryRow("without what is injected", bareSamples, microseconds, "us");
 }
 
 void benchKeystrokesInPlaces(const std::string& name, const std::u16string& text, std::string_view language,
@@ -142,7 +142,7 @@ void benchCaptures(const std::string& name, const std::u16string& text, std::str
         });
     }
     printRow("captures of a line, " + name, samples, microseconds, "us");
-    printRow("  library, without predicates and what is injected", bareSamples, microseconds, "us");
+    printLibraryRow("without predicates and what is injected", bareSamples, microseconds, "us");
 }
 
 LineSyntaxHighlighterInput lineOf(const BenchDocument& document, std::int64_t row) {

@@ -50,7 +50,7 @@ bool printSessions(const char* title, const std::string& text, const std::vector
         table.add(peers[i], measurePeer(peers[i + 1], file.path()));
     table.printHead();
     for (const auto& [what, key] : rows)
-        if (ours.contains(key)) table.printRow(what, key);
+        if (ours.contains(key)) table.printRow(what, key, title);
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/bench/Samples.h"
 #include "platform/highlightr/Highlightr.h"
+#include "tools/bench/Record.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -55,6 +56,9 @@ int main(int argc, char** argv) {
         const auto row = [&](const char* name, const Samples& times) {
             std::printf("%5d KB  %-14s  %9.2f  %9.2f  %9.3f ms  %.0f\n", kilobytes, name, times.median(),
                         times.p99(), floor.median(), times.median() / floor.median());
+            const std::string title = std::to_string(kilobytes) + " KB, language " + name;
+            bench::keep({title, "Quillet", times.median(), times.p99(), "ms"});
+            bench::keep({title, "pipes alone", floor.median(), floor.p99(), "ms"});
         };
         row("c", measure(200, [&] { highlight(code, QStringLiteral("c")); }));
         row("c, known", measure(200, [&] {
