@@ -16,9 +16,11 @@ std::optional<TextRange> HighlightedWindows::missing(const TextRange& range, std
     return TextRange{.location = start, .length = std::min((last + 1) * windowLength, lineLength) - start};
 }
 
-void HighlightedWindows::add(const TextRange& range) {
-    const auto first = static_cast<std::size_t>(range.location / windowLength);
-    const auto limit = static_cast<std::size_t>((range.limit() + windowLength - 1) / windowLength);
+void HighlightedWindows::add(const TextRange& range, std::int64_t lineLength) {
+    const std::int64_t end = range.limit() == lineLength ? range.limit() + windowLength - 1 : range.limit();
+    const auto first = static_cast<std::size_t>((range.location + windowLength - 1) / windowLength);
+    const auto limit = static_cast<std::size_t>(end / windowLength);
+    if (first >= limit) return;
     if (m_isHighlighted.size() < limit) m_isHighlighted.resize(limit);
     std::fill(m_isHighlighted.begin() + static_cast<std::ptrdiff_t>(first),
               m_isHighlighted.begin() + static_cast<std::ptrdiff_t>(limit), true);

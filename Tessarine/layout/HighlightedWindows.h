@@ -12,7 +12,7 @@ namespace tessarine {
 // Units: code units from the line's start.
 class HighlightedWindows {
 public:
-    static constexpr std::int64_t windowLength = 16 * 1024;
+    static constexpr std::int64_t windowLength = 128;
 
     void clear() { m_isHighlighted.clear(); }
 
@@ -20,8 +20,8 @@ public:
     // the line; nothing if all have them.
     std::optional<TextRange> missing(const TextRange& range, std::int64_t lineLength) const;
 
-    // A range that missing() has told has its colours.
-    void add(const TextRange& range);
+    // A range has its colours: so have the windows of which nothing lies outside of it.
+    void add(const TextRange& range, std::int64_t lineLength);
 
 private:
     bool isHighlighted(std::int64_t window) const {

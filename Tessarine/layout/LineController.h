@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <unordered_map>
 #include <variant>
 #include <vector>
@@ -36,7 +37,8 @@ namespace tessarine {
 class LineController final : public LineFragmentControllerDelegate,
                              public std::enable_shared_from_this<LineController> {
 public:
-    // The part of the line that shows. The rows above it are made, too; their highlighting may be left out.
+    // The part of the line that shows. The rows above it are made, too; their highlighting may be left out,
+    // and so may that of the text beside it. Without a width all of the rows show.
     struct InRect {
         Rect rect;
     };
@@ -48,7 +50,7 @@ public:
 
     using TypesetAmount = std::variant<InRect, ToLocation>;
 
-    static constexpr std::int64_t longLineLength = 2 * HighlightedWindows::windowLength;
+    static constexpr std::int64_t longLineLength = 32 * 1024;
 
     // Nothing is null. To be made by std::make_shared.
     LineController(DocumentLineNodeReference line, std::shared_ptr<const StringView> stringView,
@@ -146,6 +148,7 @@ private:
     // The highlighting.
     LineSyntaxHighlighter& syntaxHighlighter();
     void cancelSyntaxHighlighting();
+    LineSyntaxHighlighterInput highlighterInput(const TextRange& range);
     void highlight(const TextRange& range, bool asynchronously);
     void highlightLater(const TextRange& range, LineSyntaxHighlighterInput input);
     bool isAwaiting(const TextRange& range) const;
@@ -153,7 +156,10 @@ private:
     void didHighlightInBackground(const TextRange& range,
                                   const std::shared_ptr<AttributedString>& highlighted);
     void highlightWhatShows(const TypesetAmount& amount, bool asynchronously);
-    std::optional<TextRange> rangeOfRows(const TypesetAmount& amount) const;
+    void highlightPart(const TextRange& range);
+    void takeHighlighted(const TextRange& range, const AttributedString& highlighted);
+    std::vector<TextRange> partsWithoutColors(const TypesetAmount& amount) const;
+    std::span<const LineFragmentReference> rowsOf(const TypesetAmount& amount) const;
     void typesetAgain(const TextRange& range);
 
     // What shows.

@@ -4,9 +4,35 @@
 #include "Tessarine/syntax/highlighting/PlainTextSyntaxHighlighter.h"
 
 #include <algorithm>
+#include <unicode/utf16.h>
 #include <utility>
 
 namespace tessarine {
+
+namespace {
+
+// Halves of a character would look like two.
+TextRange withWholeCharacters(const TextRange& range, const AttributedString& string) {
+    const auto isHalfAt = [&](std::int64_t at) {
+        return at > 0 && at < string.length() && U16_IS_TRAIL(string.characterAt(at)) &&
+               U16_IS_LEAD(string.characterAt(at - 1));
+    };
+    const std::int64_t start = range.location - (isHalfAt(range.location) ? 1 : 0);
+    const std::int64_t limit = range.limit() + (isHalfAt(range.limit()) ? 1 : 0);
+    return {.location = start, .length = limit - start};
+}
+
+// Also of the characters that stand half in it; all of a row whose places do not tell what stands there.
+TextRange shownPart(const LineFragment& row, const LineController::TypesetAmount& amount) {
+    const auto* inRect = std::get_if<LineController::InRect>(&amount);
+    if (!inRect || inRect->rect.width <= 0 || !row.line->runsFromLeftToRight()) return row.range;
+    const std::int64_t first = row.line->stringIndexForPosition(inRect->rect.minX()) - 1;
+    const std::int64_t last = row.line->stringIndexForPosition(inRect->rect.maxX()) + 1;
+    const std::int64_t start = std::clamp(first, row.range.location, row.range.limit() - 1);
+    return {.location = start, .length = std::clamp(last, start + 1, row.range.limit()) - start};
+}
+
+} // namespace
 
 void LineController::prepareToDisplayString(const TypesetAmount& amount, bool syntaxHighlightAsynchronously) {
     clearLineFragmentControllersIfNeeded();
@@ -113,19 +139,22 @@ void LineController::cancelSyntaxHighlighting() {
     if (m_cachedSyntaxHighlighter) m_cachedSyntaxHighlighter->cancel();
 }
 
-// On a string of its own with the default attributes: the line's has the colours of before, some of which may
+// A string of its own with the default attributes: the line's has the colours of before, some of which may
 // have nothing in their place.
-void LineController::highlight(const TextRange& range, bool asynchronously) {
+LineSyntaxHighlighterInput LineController::highlighterInput(const TextRange& range) {
     const auto string = std::make_shared<AttributedString>(m_attributedString->part(range));
     setDefaultAttributes(*string);
-    LineSyntaxHighlighterInput input{
-        .attributedString = string,
-        .byteRange = {ByteCount::ofCodeUnits(m_line->location() + range.location),
-                      ByteCount::ofCodeUnits(range.length)}};
+    return {.attributedString = string,
+            .byteRange = {ByteCount::ofCodeUnits(m_line->location() + range.location),
+                          ByteCount::ofCodeUnits(range.length)}};
+}
+
+void LineController::highlight(const TextRange& range, bool asynchronously) {
+    LineSyntaxHighlighterInput input = highlighterInput(range);
     cancelSyntaxHighlighting();
     if (asynchronously) return highlightLater(range, std::move(input));
     syntaxHighlighter().syntaxHighlight(input);
-    didHighlight(range, string);
+    didHighlight(range, input.attributedString);
 }
 
 void LineController::highlightLater(const TextRange& range, LineSyntaxHighlighterInput input) {
@@ -149,8 +178,7 @@ bool LineController::isAwaiting(const TextRange& range) const {
 void LineController::didHighlight(const TextRange& range,
                                   const std::shared_ptr<AttributedString>& highlighted) {
     if (isLong()) {
-        m_attributedString->copyAttributes(*highlighted, range.location);
-        m_highlightedWindows.add(range);
+        takeHighlighted(range, *highlighted);
         return typesetAgain(range);
     }
     m_attributedString = highlighted;
@@ -182,20 +210,54 @@ void LineController::redisplay() {
 }
 
 // Each turn that highlights something may move rows, so that others show; each adds windows, so there is an
-// end to it.
+// end to it. In the background it is all in one.
 void LineController::highlightWhatShows(const TypesetAmount& amount, bool asynchronously) {
     if (!syntaxHighlighter().canHighlight()) return;
-    while (const auto shown = rangeOfRows(amount)) {
-        const auto missing = m_highlightedWindows.missing(*shown, m_attributedString->length());
-        if (!missing || (asynchronously && isAwaiting(*missing))) return;
-        highlight(*missing, asynchronously);
-        if (asynchronously) return;
+    for (;;) {
+        const auto parts = partsWithoutColors(amount);
+        if (parts.empty()) return;
+        const TextRange all = {.location = parts.front().location,
+                               .length = parts.back().limit() - parts.front().location};
+        if (asynchronously) {
+            if (!isAwaiting(all)) highlight(all, true);
+            return;
+        }
+        cancelSyntaxHighlighting();
+        for (const TextRange& part : parts)
+            highlightPart(part);
+        typesetAgain(all);
         typeset(amount);
     }
 }
 
-// Nothing if none of them has been made.
-std::optional<TextRange> LineController::rangeOfRows(const TypesetAmount& amount) const {
+void LineController::highlightPart(const TextRange& range) {
+    const LineSyntaxHighlighterInput input = highlighterInput(range);
+    syntaxHighlighter().syntaxHighlight(input);
+    takeHighlighted(range, *input.attributedString);
+}
+
+void LineController::takeHighlighted(const TextRange& range, const AttributedString& highlighted) {
+    m_attributedString->copyAttributes(highlighted, range.location);
+    m_highlightedWindows.add(range, m_attributedString->length());
+}
+
+// In their order, each of whole windows, with a gap between any two.
+std::vector<TextRange> LineController::partsWithoutColors(const TypesetAmount& amount) const {
+    std::vector<TextRange> parts;
+    for (const LineFragmentReference& row : rowsOf(amount)) {
+        const auto part = m_highlightedWindows.missing(shownPart(*row, amount), m_attributedString->length());
+        if (!part) continue;
+        const TextRange whole = withWholeCharacters(*part, *m_attributedString);
+        if (!parts.empty() && whole.location <= parts.back().limit())
+            parts.back().length = std::max(parts.back().limit(), whole.limit()) - parts.back().location;
+        else
+            parts.push_back(whole);
+    }
+    return parts;
+}
+
+// Of those that have been made.
+std::span<const LineFragmentReference> LineController::rowsOf(const TypesetAmount& amount) const {
     const auto isAbove = [&](const LineFragmentReference& fragment) {
         const auto* inRect = std::get_if<InRect>(&amount);
         return inRect ? fragment->maxY() <= inRect->rect.minY()
@@ -208,9 +270,7 @@ std::optional<TextRange> LineController::rangeOfRows(const TypesetAmount& amount
     };
     const auto first = std::ranges::partition_point(lineFragments(), isAbove);
     const auto limit = std::ranges::partition_point(lineFragments(), isNotBelow);
-    if (first >= limit) return std::nullopt;
-    const std::int64_t start = (*first)->range.location;
-    return TextRange{.location = start, .length = (*std::prev(limit))->range.limit() - start};
+    return {first, std::max(first, limit)};
 }
 
 // Of a long line, whose attributes have changed there.

@@ -40,6 +40,10 @@ public:
     // text runs both ways, which whoever sets such text has to know of.
     virtual std::vector<Span> spansOf(const TextRange& range) const;
 
+    // Whether all of it runs from left to right, so that what shows between two places is what stands between
+    // them in the string.
+    virtual bool runsFromLeftToRight() const { return false; }
+
     // The boundary between characters that is nearest; beyond an end that end.
     virtual std::int64_t stringIndexForPosition(double x) const = 0;
 };

@@ -1,5 +1,6 @@
 #include "Tessarine/view/FittingUnits.h"
 
+#include "Tessarine/view/EvenRow.h"
 #include "Tessarine/view/RowLayout.h"
 
 #include <algorithm>
@@ -26,6 +27,7 @@ int lastFitting(const std::vector<int>& boundaries, double width, WidthOfPrefix 
 } // namespace
 
 int fittingUnits(const RowText& coloredRow, double width) {
+    if (coloredRow.isEven()) return evenFittingUnits(coloredRow, width);
     const RowText row = coloredRow.withRunsOfFaces();
     const RowLayout layout(row, UserInterfaceStyle::Light);
     const auto boundaries = boundariesOf(layout, row.text.size());

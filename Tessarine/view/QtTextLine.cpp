@@ -1,8 +1,9 @@
 #include "Tessarine/view/QtTextLine.h"
 
+#include "Tessarine/view/EvenRow.h"
 #include "Tessarine/view/QtConversions.h"
 
-#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
 
 #include <algorithm>
 #include <utility>
@@ -11,15 +12,30 @@ namespace tessarine {
 
 namespace {
 
+// Long even rows are laid out and drawn in pieces, as only a part of them shows.
+constexpr int pieceLength = 256;
+
 // That of the fonts that were asked for: one that merely lends a character does not push rows apart.
 double leadingOf(const RowText& row) {
     double leading = 0;
     for (const RowText::Run& run : row.runs)
-        leading = std::max(leading, QFontMetricsF(run.style->face).leading());
+        leading = std::max(leading, run.style->metrics.leading);
     return leading;
 }
 
-TypographicBounds boundsOf(const RowText& row, const RowLayout& layout) {
+TypographicBounds evenBoundsOf(const RowText& row) {
+    TypographicBounds bounds{.width = evenX(row, static_cast<int>(row.text.size())),
+                             .leading = leadingOf(row)};
+    for (const RowText::Run& run : row.runs) {
+        bounds.ascent = std::max(bounds.ascent, run.style->metrics.ascent);
+        bounds.descent = std::max(bounds.descent, run.style->metrics.descent);
+    }
+    return bounds;
+}
+
+TypographicBounds boundsOf(const RowText& row, RowLayouts& layouts) {
+    if (row.isEven()) return evenBoundsOf(row);
+    const RowLayout& layout = layouts.layoutOf(row);
     return {.width = layout.width(),
             .ascent = layout.line().ascent(),
             .descent = layout.line().descent(),
@@ -32,14 +48,11 @@ QtTextLine::QtTextLine(RowText row, std::int64_t location, std::shared_ptr<RowLa
     : m_row(std::move(row))
     , m_location(location)
     , m_layouts(std::move(layouts))
-    , m_bounds(boundsOf(m_row, m_layouts->layoutOf(m_row))) {}
-
-QtTextLine::~QtTextLine() {
-    m_layouts->remove(m_row);
-}
+    , m_bounds(boundsOf(m_row, *m_layouts)) {}
 
 double QtTextLine::offsetForStringIndex(std::int64_t index) const {
-    return m_layouts->layoutOf(m_row).line().cursorToX(positionOf(index));
+    const int position = positionOf(index);
+    return m_row.isEven() ? evenX(m_row, position) : m_layouts->layoutOf(m_row).line().cursorToX(position);
 }
 
 int QtTextLine::positionOf(std::int64_t index) const {
@@ -48,19 +61,35 @@ int QtTextLine::positionOf(std::int64_t index) const {
 
 // Each character is looked at only where it may run another way than the others.
 std::vector<TextLine::Span> QtTextLine::spansOf(const TextRange& range) const {
-    if (!m_row.isRightToLeft && !m_row.hasRightToLeft) return TextLine::spansOf(range);
+    if (runsFromLeftToRight()) return TextLine::spansOf(range);
     auto spans = m_layouts->layoutOf(m_row).spansOf(positionOf(range.location), positionOf(range.limit()));
     return spans.empty() ? TextLine::spansOf(range) : spans;
 }
 
 std::int64_t QtTextLine::stringIndexForPosition(double x) const {
-    return m_location + m_layouts->layoutOf(m_row).nearestBoundary(std::clamp(x, 0.0, m_bounds.width));
+    const double inRow = std::clamp(x, 0.0, m_bounds.width);
+    return m_location +
+           (m_row.isEven() ? evenNearest(m_row, inRow) : m_layouts->layoutOf(m_row).nearestBoundary(inRow));
 }
 
 void QtTextLine::draw(QPainter& painter, const QPointF& baseline, UserInterfaceStyle style) const {
     drawShadows(painter, baseline, style);
     m_layouts->setStyle(style);
+    if (m_row.isEven() && m_row.text.size() > pieceLength) return drawPieces(painter, baseline);
     m_layouts->layoutOf(m_row).draw(painter, baseline);
+}
+
+// Those that show. What leans over the edge of its piece is not cut off.
+void QtTextLine::drawPieces(QPainter& painter, const QPointF& baseline) const {
+    const double overhang = m_bounds.height();
+    const bool isClipped = painter.hasClipping();
+    const QRectF shown = painter.clipBoundingRect();
+    for (int start = 0; start < m_row.text.size(); start += pieceLength) {
+        const double minX = baseline.x() + evenX(m_row, start);
+        const double maxX = baseline.x() + evenX(m_row, start + pieceLength);
+        if (!isClipped || (maxX + overhang > shown.left() && minX - overhang < shown.right()))
+            m_layouts->layoutOf(m_row.part(start, pieceLength)).draw(painter, {minX, baseline.y()});
+    }
 }
 
 // Sharp ones, whatever their blur. No theme has any, so nothing is kept of them.

@@ -29,13 +29,25 @@ std::int64_t QtTypesetter::suggestLineBreak(std::int64_t start, double width) {
     const std::int64_t most = std::min(m_string->length() - start, longestRow);
     for (double units = guessedUnits(start, width);; units *= 2) {
         const std::int64_t length = std::min(most, static_cast<std::int64_t>(units));
-        const std::int64_t fitting = fittingUnits(rowOf({.location = start, .length = length}), width);
-        if (fitting + context <= length || length == most) return fitting;
+        RowText row = rowOf({.location = start, .length = length});
+        const std::int64_t fitting = fittingUnits(row, width);
+        if (fitting + context > length && length < most) continue;
+        remember(start, std::move(row));
+        return fitting;
     }
 }
 
 std::shared_ptr<const TextLine> QtTypesetter::createLine(const TextRange& range) {
-    return std::make_shared<const QtTextLine>(rowOf(range), range.location, m_layouts);
+    const bool isMeasured =
+        m_measured && m_measuredStart == range.location && range.length <= m_measured->text.size();
+    RowText row = isMeasured ? m_measured->prefix(static_cast<int>(range.length)) : rowOf(range);
+    return std::make_shared<const QtTextLine>(std::move(row), range.location, m_layouts);
+}
+
+void QtTypesetter::remember(std::int64_t start, RowText row) {
+    m_measuredStart = start;
+    m_measured.reset();
+    if (row.isEven()) m_measured = std::move(row);
 }
 
 RowText QtTypesetter::rowOf(const TextRange& range) {

@@ -21,6 +21,7 @@ public:
 
 private:
     RowText rowOf(const TextRange& range);
+    void remember(std::int64_t start, RowText row);
     double guessedUnits(std::int64_t start, double width) const;
     bool isRightToLeft();
 
@@ -28,6 +29,10 @@ private:
     const std::shared_ptr<RowStyles> m_styles;
     const std::shared_ptr<RowLayouts> m_layouts;
     std::optional<bool> m_isRightToLeft; // once it has been asked for
+
+    // An even stretch that a row was looked for in: the row is a part of it.
+    std::int64_t m_measuredStart = 0;
+    std::optional<RowText> m_measured;
 };
 
 } // namespace tessarine

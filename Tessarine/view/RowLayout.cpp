@@ -14,13 +14,6 @@ namespace {
 
 constexpr double unlimitedWidth = 1e6; // the toolkit's numbers end at some ten times that
 
-std::vector<QColor> colorsOf(const RowText& row, UserInterfaceStyle style) {
-    std::vector<QColor> colors;
-    for (const RowText::Run& run : row.runs)
-        colors.push_back(toQt(run.style->color.resolved(style)));
-    return colors;
-}
-
 QTextOption optionOf(const RowText& row) {
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setTextDirection(row.isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
@@ -30,16 +23,14 @@ QTextOption optionOf(const RowText& row) {
     return option;
 }
 
-QList<QTextLayout::FormatRange> formatsOf(const RowText& row, const std::vector<QColor>& colors) {
+template <class FormatOf>
+QList<QTextLayout::FormatRange> formatsOf(const RowText& row, FormatOf formatOf) {
     QList<QTextLayout::FormatRange> formats;
+    formats.reserve(static_cast<qsizetype>(row.runs.size()));
     int start = 0;
     for (std::size_t i = 0; i < row.runs.size(); ++i) {
-        const RowText::Run& run = row.runs[i];
-        QTextCharFormat format;
-        format.setFont(run.style->face);
-        format.setForeground(colors[i]);
-        formats.push_back({start, run.length, format});
-        start += run.length;
+        formats.push_back({start, row.runs[i].length, formatOf(i)});
+        start += row.runs[i].length;
     }
     return formats;
 }
@@ -65,19 +56,28 @@ std::vector<TextLine::Span> merged(std::vector<TextLine::Span> parts) {
 } // namespace
 
 RowLayout::RowLayout(const RowText& row, const std::vector<QColor>& colors)
+    : RowLayout(row, formatsOf(row, [&](std::size_t run) {
+                    QTextCharFormat format = row.runs[run].style->format(UserInterfaceStyle::Light);
+                    format.setForeground(colors[run]);
+                    return format;
+                })) {}
+
+RowLayout::RowLayout(const RowText& row, UserInterfaceStyle style)
+    : RowLayout(row, formatsOf(row, [&](std::size_t run) -> const QTextCharFormat& {
+                    return row.runs[run].style->format(style);
+                })) {}
+
+RowLayout::RowLayout(const RowText& row, const QList<QTextLayout::FormatRange>& formats)
     : m_layout(row.text, row.runs.front().style->face) {
     m_layout.setCacheEnabled(true);
     m_layout.setTextOption(optionOf(row));
-    m_layout.setFormats(formatsOf(row, colors));
+    m_layout.setFormats(formats);
     m_layout.beginLayout();
     m_line = m_layout.createLine();
     m_line.setLineWidth(unlimitedWidth);
     m_line.setPosition({0, 0});
     m_layout.endLayout();
 }
-
-RowLayout::RowLayout(const RowText& row, UserInterfaceStyle style)
-    : RowLayout(row, colorsOf(row, style)) {}
 
 // Where a character has several units the toolkit may miss it by one.
 int RowLayout::nearestBoundary(double x) const {

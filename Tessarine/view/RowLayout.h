@@ -38,6 +38,8 @@ public:
     void draw(QPainter& painter, const QPointF& baseline) const;
 
 private:
+    RowLayout(const RowText& row, const QList<QTextLayout::FormatRange>& formats);
+
     QTextLayout m_layout;
     QTextLine m_line;
 };

@@ -1,5 +1,6 @@
 #include "Tessarine/view/RowStyle.h"
 
+#include "Tessarine/view/QtConversions.h"
 #include "Tessarine/view/QtFonts.h"
 
 namespace tessarine {
@@ -15,6 +16,13 @@ QFont faceOf(const TextAttributes& attributes) {
     return face;
 }
 
+QTextCharFormat formatOf(const RowStyle& row, UserInterfaceStyle style) {
+    QTextCharFormat format;
+    format.setFont(row.face);
+    format.setForeground(toQt(row.color.resolved(style)));
+    return format;
+}
+
 } // namespace
 
 RowStyle::RowStyle(const TextAttributes& attributes)
@@ -23,7 +31,10 @@ RowStyle::RowStyle(const TextAttributes& attributes)
     , kern(attributes.kern)
     , shadow(attributes.shadow)
     , face(faceOf(attributes))
-    , color(attributes.foregroundColor.value_or(defaultColor)) {}
+    , color(attributes.foregroundColor.value_or(defaultColor))
+    , metrics(FaceMetrics::of(face))
+    , m_lightFormat(formatOf(*this, UserInterfaceStyle::Light))
+    , m_darkFormat(formatOf(*this, UserInterfaceStyle::Dark)) {}
 
 bool RowStyle::isOf(const TextAttributes& attributes) const {
     return foregroundColor == attributes.foregroundColor && font == attributes.font &&

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "Tessarine/base/TextAttributes.h"
+#include "Tessarine/base/UserInterfaceStyle.h"
+#include "Tessarine/view/FaceMetrics.h"
 
-#include <QtGui/QFont>
+#include <QtGui/QTextFormat>
 
 namespace tessarine {
 
@@ -24,6 +26,16 @@ struct RowStyle {
 
     const QFont face; // with the kern
     const Color color;
+    const FaceMetrics metrics; // of the face
+
+    // What the toolkit's layouts want. Copies of one format share what the toolkit works out of it.
+    const QTextCharFormat& format(UserInterfaceStyle style) const {
+        return style == UserInterfaceStyle::Dark ? m_darkFormat : m_lightFormat;
+    }
+
+private:
+    const QTextCharFormat m_lightFormat;
+    const QTextCharFormat m_darkFormat;
 };
 
 } // namespace tessarine

@@ -27,7 +27,10 @@ bool isRightToLeft(char32_t character) {
     }
 }
 
+constexpr char16_t firstRightToLeftUnit = 0x0590;
+
 bool hasRightToLeftCharacters(const QString& text) {
+    if (std::ranges::none_of(text, [](QChar unit) { return unit >= firstRightToLeftUnit; })) return false;
     const std::span units(text.utf16(), static_cast<std::size_t>(text.size()));
     for (std::size_t at = 0; at < units.size();) {
         char32_t character = 0;
@@ -35,6 +38,12 @@ bool hasRightToLeftCharacters(const QString& text) {
         if (isRightToLeft(character)) return true;
     }
     return false;
+}
+
+bool hasPrintableUnits(QStringView text) {
+    while (text.endsWith(u'\n') || text.endsWith(u'\r'))
+        text.chop(1);
+    return std::ranges::all_of(text, [](QChar unit) { return unit >= u' ' && unit <= u'~'; });
 }
 
 // A line break takes no room, but of all of them the toolkit knows that of CR and LF only. And it would look
@@ -60,6 +69,9 @@ RowText RowText::of(const AttributedString& string, const TextRange& range, RowS
         if (row.runs.empty() || row.runs.back().style != style) row.runs.push_back({0, std::move(style)});
         row.runs.back().length += static_cast<int>(run.range.length);
     }
+    row.hasEvenUnits = hasPrintableUnits(row.text) && std::ranges::all_of(row.runs, [](const Run& run) {
+                           return run.style->metrics.unitAdvance.has_value();
+                       });
     return row;
 }
 
@@ -75,14 +87,19 @@ RowText RowText::withRunsOfFaces() const {
     return fewer;
 }
 
-RowText RowText::prefix(int length) const {
-    RowText shorter = *this;
-    shorter.text.truncate(length);
-    shorter.runs.clear();
+RowText RowText::part(int start, int length) const {
+    RowText shorter{.text = text.mid(start, length),
+                    .runs = {},
+                    .tabInterval = tabInterval,
+                    .isRightToLeft = isRightToLeft,
+                    .hasRightToLeft = hasRightToLeft,
+                    .hasEvenUnits = hasEvenUnits};
+    const int limit = start + static_cast<int>(shorter.text.size());
+    int runStart = 0;
     for (const Run& run : runs) {
-        if (length <= 0) break;
-        shorter.runs.push_back({std::min(length, run.length), run.style});
-        length -= run.length;
+        const int common = std::min(runStart + run.length, limit) - std::max(runStart, start);
+        if (common > 0) shorter.runs.push_back({common, run.style});
+        runStart += run.length;
     }
     return shorter;
 }

@@ -84,7 +84,7 @@ void ViewPainter::paintContent(View& view, const QRectF& area) {
         return;
     }
     m_painter.save();
-    m_painter.setClipRect(area, Qt::IntersectClip);
+    m_painter.setClipRect(area & QRectF(m_region.boundingRect()), Qt::IntersectClip);
     m_painter.translate(area.topLeft() - toQt(view.bounds().origin()));
     QtDrawContext context(m_painter, m_style);
     view.draw(context);

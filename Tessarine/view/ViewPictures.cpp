@@ -15,7 +15,7 @@ namespace {
 
 constexpr qsizetype bytesKept = 64 << 20;
 constexpr double largestPicture = 1 << 20; // in bytes
-constexpr double longestSide = 32'000;     // in pixels, as the toolkit can paint
+constexpr double longestSide = 8'192;      // in pixels; of longer ones a part shows
 constexpr int bytesPerPixel = 4;
 constexpr std::size_t entriesKept = 10'000; // of views that draw nothing, too
 

@@ -20,18 +20,20 @@ namespace {
 
 constexpr double rowHeight = 11;
 constexpr double screenHeight = 60 * rowHeight;
+constexpr double screenWidth = 1'200;
 
 double allocated() {
     const auto info = mallinfo2();
     return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
-// What a parse has given back is sorted by the next large allocation, which is not to be one that is
-// measured.
+// What a parse has given back is sorted by the next large allocations, some thousand pieces by each, which
+// are not to be those that are measured.
 void tidyHeap() {
     malloc_trim(0);
     static std::vector<char> large;
-    large = std::vector<char>(100'000);
+    for (int i = 0; i < 1'000; ++i)
+        large = std::vector<char>(100'000);
 }
 
 struct Host final : LineControllerDelegate {
@@ -61,7 +63,8 @@ public:
     LineController& controller() { return *m_controller; }
 
     void show(double y) {
-        m_controller->prepareToDisplayString(LineController::InRect{{.y = y, .height = screenHeight}}, false);
+        m_controller->prepareToDisplayString(
+            LineController::InRect{{.y = y, .width = screenWidth, .height = screenHeight}}, false);
         m_controller->lineFragmentControllers({.y = y, .height = screenHeight});
     }
 

@@ -144,8 +144,10 @@ LineController::TypesetAmount LayoutManager::visiblePartOf(const Rect& rect,
                                                            const DocumentLineNode& line) const {
     const double top = m_geometry.topOf(line);
     const double minY = std::max(0.0, rect.minY() - top);
-    return LineController::InRect{
-        {.y = minY, .width = rect.width, .height = std::max(0.0, rect.maxY() - top - minY)}};
+    return LineController::InRect{{.x = rect.x - m_geometry.leadingLineSpacing(),
+                                   .y = minY,
+                                   .width = rect.width,
+                                   .height = std::max(0.0, rect.maxY() - top - minY)}};
 }
 
 // By how much what shows at the top of the viewport has moved down.

@@ -62,6 +62,8 @@ public:
         return units <= 0 ? 0 : m_ends[static_cast<std::size_t>(units - 1)];
     }
 
+    bool runsFromLeftToRight() const override { return true; }
+
     std::int64_t stringIndexForPosition(double x) const override {
         std::int64_t index = m_range.location;
         while (index < m_range.limit() &&

@@ -48,12 +48,12 @@ TEST_F(LongLine, IsHighlightedWhereItShows) {
     EXPECT_THAT(highlights(), ElementsAre(TextRange{0, window}));
     EXPECT_LE(rowsMade(), 9);
     EXPECT_EQ(widthOfRow(2), 41);
-    showRow(100);
+    showRow(20);
     EXPECT_THAT(highlights(), IsEmpty());
     rowsMade();
-    // Two windows meet within row 4096.
+    // Two windows meet in front of row 4096.
     showRow(4'095);
-    EXPECT_THAT(highlights(), ElementsAre(TextRange{window, window}));
+    EXPECT_THAT(highlights(), ElementsAre(TextRange{4 * 4'096 - window, 2 * window}));
     showRow(20'000);
     EXPECT_THAT(highlights(), ElementsAre(TextRange{80'000 / window * window, window}));
     EXPECT_EQ(widthOfRow(20'000), 41);
@@ -65,6 +65,37 @@ TEST_F(LongLine, IsHighlightedWhereItShows) {
     EXPECT_EQ(widthOfRow(10'000), 41);
     EXPECT_LT(rowsMade(), window / 4 + 10) << "the window's rows, not all that were there";
     EXPECT_EQ(line->controller->lineFragmentTree().check(), std::nullopt);
+}
+
+// Of rows that are wider than what shows.
+TEST_F(LongLine, IsHighlightedWhereItShowsSideways) {
+    line->controller->setConstrainingWidth(10'000);
+    line->controller->prepareToDisplayString(InRect{{.x = 5'000, .y = 0, .width = 400, .height = 30}}, false);
+    const auto isBold = [&](std::int64_t unit) {
+        return line->controller->attributedString()->runAt(unit).attributes.font->traits == FontTraits::bold;
+    };
+    std::int64_t units = 0;
+    for (const TextRange& range : highlights())
+        units += range.length;
+    EXPECT_LE(units, 3 * 4 * window);
+    for (std::size_t row = 0; row < 3; ++row) {
+        const LineFragment& shown = *line->controller->lineFragments()[row];
+        EXPECT_FALSE(isBold(shown.range.location + 202)) << row;
+        for (std::int64_t unit = shown.line->stringIndexForPosition(5'000);
+             unit < shown.line->stringIndexForPosition(5'400); ++unit)
+            EXPECT_EQ(isBold(unit), line->stringView->characterAt(unit) == u'b') << unit;
+    }
+    EXPECT_EQ(line->controller->lineFragmentTree().check(), std::nullopt);
+}
+
+TEST(LongLineOfPairs, HighlightsNoHalfOfACharacter) {
+    const auto line = DisplayedLine::create(u"a" + repeated(u"\U0001F44D", 20'000));
+    for (int i = 0; i < 2; ++i)
+        line->controller->prepareToDisplayString(InRect{{.y = 5'000, .height = 30}}, false);
+    ASSERT_THAT(line->highlighter->highlighted, SizeIs(1));
+    const TextRange& highlighted = line->highlighter->highlighted.front();
+    EXPECT_EQ(highlighted.location % 2, 1);
+    EXPECT_EQ(highlighted.limit() % 2, 1);
 }
 
 TEST_F(LongLine, KeepsItsRowsInFrontOfAnEdit) {
@@ -86,7 +117,7 @@ TEST_F(LongLine, KeepsItsRowsInFrontOfAnEdit) {
 
 TEST_F(LongLine, GetsItsColoursInTheBackground) {
     showRow(9'000, true);
-    EXPECT_THAT(line->highlighter->asked, ElementsAre(TextRange{2 * window, window}));
+    EXPECT_THAT(line->highlighter->asked, ElementsAre(TextRange{36'000 / window * window, window}));
     const auto shown = line->controller->lineFragmentControllers({.y = 99'000, .height = 30});
     EXPECT_EQ(widthOfRow(9'000), 40);
     line->highlighter->runPending();
@@ -106,7 +137,7 @@ TEST_F(LongLine, LosesRowsWhenItsTextGetsNarrower) {
     const std::size_t before = line->controller->lineFragments().size();
     line->highlighter->traits = FontTraits::italic;
     line->controller->invalidateSyntaxHighlighting();
-    showRow(4'500);
+    showRow(5'000);
     EXPECT_LT(line->controller->lineFragments().size(), before);
     EXPECT_EQ(line->controller->lineFragmentTree().check(), std::nullopt);
     EXPECT_EQ(line->controller->lineFragmentTree().tree().root().nodeTotalCount(),
