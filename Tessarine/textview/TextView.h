@@ -335,6 +335,11 @@ public:
     }
 
     // Whatever the change does to it shows.
+    // Tells where lines are broken while they are wrapped.
+    LineBreakMode lineBreakMode() const { return layoutContext().lineBreakMode; }
+
+    void setLineBreakMode(LineBreakMode mode);
+
     void changeInvisibleCharacterConfiguration(
         const std::function<void(InvisibleCharacterConfiguration&)>& change);
 

@@ -75,6 +75,10 @@ void TextView::setTextContainerInset(const EdgeInsets& inset) {
 }
 
 void TextView::changeInvisibleCharacterConfiguration(
+void TextView::setLineBreakMode(LineBreakMode mode) {
+    m_layoutManager->setLineBreakMode(mode);
+}
+
     const std::function<void(InvisibleCharacterConfiguration&)>& change) {
     change(*m_invisibleCharacterConfiguration);
     m_layoutManager->invalidateContentSize();
