@@ -159,6 +159,10 @@ public:
     void moveSelectedLinesDown();
     void replaceText(const BatchReplaceSet& replacements);
 
+    // For what another program has made of a part of the text: it goes in as it is and unasked for, as an
+    // undo step of its own, and the selection stays with its text.
+    void takeChange(const TextRange& range, std::u16string_view text);
+
     bool canUndo() const { return m_isEditable && m_textInputView->undoManager().canUndo(); }
 
     bool canRedo() const { return m_isEditable && m_textInputView->undoManager().canRedo(); }
