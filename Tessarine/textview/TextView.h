@@ -290,6 +290,11 @@ public:
         m_selectionLayout.setSelectionHighlightColor(color);
     }
 
+    // Of the grips at a selection's ends, which are the host's.
+    const Color& selectionBarColor() const { return m_selectionBarColor; }
+
+    void setSelectionBarColor(const Color& color);
+
     bool showLineNumbers() const { return layoutContext().showLineNumbers; }
 
     void setShowLineNumbers(bool showsNumbers);
@@ -330,6 +335,11 @@ public:
 
     void setLineWrappingEnabled(bool isEnabled);
 
+    // Tells where lines are broken while they are wrapped.
+    LineBreakMode lineBreakMode() const { return layoutContext().lineBreakMode; }
+
+    void setLineBreakMode(LineBreakMode mode);
+
     const EdgeInsets& textContainerInset() const { return layoutContext().textContainerInset; }
 
     void setTextContainerInset(const EdgeInsets& inset);
@@ -339,11 +349,6 @@ public:
     }
 
     // Whatever the change does to it shows.
-    // Tells where lines are broken while they are wrapped.
-    LineBreakMode lineBreakMode() const { return layoutContext().lineBreakMode; }
-
-    void setLineBreakMode(LineBreakMode mode);
-
     void changeInvisibleCharacterConfiguration(
         const std::function<void(InvisibleCharacterConfiguration&)>& change);
 
@@ -416,6 +421,7 @@ private:
     void updateContentSize(const Size& size);
     void setNeedsSelectionLayout();
     void layoutSelection();
+    std::vector<TextSelectionRect> shownSelectionRects(const TextRange& range) const;
     void layoutPageGuide();
     void scrollToVisible(std::int64_t location);
     Point offsetShowing(const Rect& rect) const;
@@ -464,6 +470,7 @@ private:
     bool m_isCaretShown = true;
     bool m_hasFloatingCursor = false;
     bool m_showPageGuide = false;
+    Color m_selectionBarColor{RGBAColor{}};
     double m_screenScale = 1;
     HighlightedRangeLoopingMode m_highlightedRangeLoopingMode = HighlightedRangeLoopingMode::disabled;
 

@@ -31,6 +31,11 @@ void TextView::showHairlines() {
     m_pageGuideController.guideView()->setScreenScale(m_screenScale);
 }
 
+void TextView::setSelectionBarColor(const Color& color) {
+    m_selectionBarColor = color;
+    setNeedsSelectionLayout();
+}
+
 void TextView::setShowLineNumbers(bool showsNumbers) {
     m_layoutManager->setShowLineNumbers(showsNumbers);
 }
@@ -70,15 +75,15 @@ void TextView::setLineWrappingEnabled(bool isEnabled) {
     m_layoutManager->setLineWrappingEnabled(isEnabled);
 }
 
+void TextView::setLineBreakMode(LineBreakMode mode) {
+    m_layoutManager->setLineBreakMode(mode);
+}
+
 void TextView::setTextContainerInset(const EdgeInsets& inset) {
     m_layoutManager->setTextContainerInset(inset);
 }
 
 void TextView::changeInvisibleCharacterConfiguration(
-void TextView::setLineBreakMode(LineBreakMode mode) {
-    m_layoutManager->setLineBreakMode(mode);
-}
-
     const std::function<void(InvisibleCharacterConfiguration&)>& change) {
     change(*m_invisibleCharacterConfiguration);
     m_layoutManager->invalidateContentSize();
