@@ -10,6 +10,11 @@ std::optional<TextRange> TextReplacement::moved(const TextRange& other) const {
     return TextRange{other.location + newLength - range.length, other.length};
 }
 
+std::int64_t TextReplacement::movedLocation(std::int64_t location) const {
+    if (location >= range.limit()) return location + newLength - range.length;
+    return std::min(location, newLimit());
+}
+
 TextRange TextReplacement::before(const TextRange& after) const {
     const auto shift = newLength - range.length;
     const auto map = [&](std::int64_t location, std::int64_t insideOfNewText) {

@@ -18,6 +18,9 @@ struct TextReplacement {
     // Where a range stands afterwards; nothing if a part of it was replaced or something came into it.
     std::optional<TextRange> moved(const TextRange& other) const;
 
+    // The same of a place; one that was within the range is as far from its start as there is new text.
+    std::int64_t movedLocation(std::int64_t location) const;
+
     // Of the text before, all that may stand in a range of the text afterwards.
     TextRange before(const TextRange& after) const;
 

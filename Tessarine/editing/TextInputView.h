@@ -133,6 +133,10 @@ public:
     void setString(TextStore text);
     void setStringWithUndoAction(TextStore text);
 
+    // What another program has made of a part of the text: it goes in as it is and unasked for, as an undo
+    // step of its own, and the selection stays with its text.
+    void takeChange(TextRange range, std::u16string_view text);
+
     // All at once and undone as one; the caret stays in its row and column.
     void replaceText(const BatchReplaceSet& replacements);
 
@@ -156,6 +160,8 @@ private:
                   std::string_view undoActionName);
     void shift(void (IndentController::*shiftLines)(TextRange));
 
+    void exchangeCharacters(TextRange range, std::u16string_view text,
+                            std::optional<TextRange> selectedRangeAfterUndo, std::string_view undoActionName);
     void registerReplacement(std::u16string oldText, TextRange newRange,
                              std::optional<TextRange> selectedRangeAfterUndo,
                              std::string_view undoActionName);

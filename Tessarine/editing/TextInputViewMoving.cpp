@@ -23,7 +23,8 @@ void TextInputView::moveSelectedLines(std::int64_t offset, std::string_view undo
     if (last->data().delimiterLength() == 0) {
         text += lineBreak;
     } else if (offset > 0 && target.data().delimiterLength() == 0) {
-        // Without this the lines would go on where the last one ends.
+        // The last line has no break that could stay behind it. Put in as they are, the lines would go on
+        // within it and two lines would have become one, so the break goes in front of them.
         text.resize(text.size() - static_cast<std::size_t>(last->data().delimiterLength()));
         text.insert(0, lineBreak);
         start += std::ssize(lineBreak);
@@ -72,7 +73,7 @@ void TextInputView::setMarkedText(std::u16string_view text, TextRange selectedRa
     const TextRange target = inText(*range);
     m_markedRange.reset();
     if (!prepared.empty()) m_markedRange = TextRange{target.location, std::ssize(prepared)};
-    replaceCharacters(target, prepared, std::nullopt, typingActionName);
+    exchangeCharacters(target, prepared, std::nullopt, typingActionName);
     if (!m_markedRange) return;
     const TextRange marked = inText(*m_markedRange);
     const std::int64_t start = std::clamp<std::int64_t>(selectedRange.location, 0, marked.length);

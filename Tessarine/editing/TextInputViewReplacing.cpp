@@ -1,3 +1,4 @@
+#include "Tessarine/document/TextReplacement.h"
 #include "Tessarine/editing/LocalizedString.h"
 #include "Tessarine/editing/TextEditHelper.h"
 #include "Tessarine/editing/TextInputView.h"
@@ -6,9 +7,17 @@
 
 namespace tessarine {
 
+// What is marked goes along with the text, and is settled by an edit that touches it.
 void TextInputView::replaceCharacters(TextRange range, std::u16string_view text,
                                       std::optional<TextRange> selectedRangeAfterUndo,
                                       std::string_view undoActionName) {
+    if (m_markedRange) m_markedRange = TextReplacement{range, std::ssize(text)}.moved(*m_markedRange);
+    exchangeCharacters(range, text, selectedRangeAfterUndo, undoActionName);
+}
+
+void TextInputView::exchangeCharacters(TextRange range, std::u16string_view text,
+                                       std::optional<TextRange> selectedRangeAfterUndo,
+                                       std::string_view undoActionName) {
     const TextRange newRange{range.location, std::ssize(text)};
     const std::u16string oldText = m_document.stringView->substring(range.location, range.length);
     registerReplacement(oldText, newRange, selectedRangeAfterUndo ? selectedRangeAfterUndo : m_selectedRange,
@@ -70,6 +79,17 @@ void TextInputView::tellSelectionChange() {
     if (const auto viewDelegate = delegate()) viewDelegate->textInputViewDidChangeSelection();
 }
 
+void TextInputView::takeChange(TextRange range, std::u16string_view text) {
+    const TextReplacement change{inText(range), std::ssize(text)};
+    const auto selection = m_selectedRange;
+    beginUndoStep();
+    replaceCharacters(change.range, text, selection, replaceAllActionName);
+    m_undoManager.endUndoGrouping();
+    if (!selection) return;
+    const std::int64_t start = change.movedLocation(selection->location);
+    selectAnew(inText({start, change.movedLocation(selection->limit()) - start}));
+}
+
 void TextInputView::setStringWithUndoAction(TextStore text) {
     const TextSnapshot oldText = m_document.stringView->snapshot();
     if (text.text() == oldText) return;
@@ -98,6 +118,7 @@ void TextInputView::selectAnew(TextRange range) {
 
 void TextInputView::setString(TextStore text) {
     if (text.text() == m_document.stringView->snapshot()) return;
+    m_markedRange.reset();
     m_document.stringView->setInternalString(std::move(text));
     m_document.languageMode->parse(m_document.stringView->snapshot());
     m_document.lineManager->rebuild();

@@ -23,7 +23,11 @@ void UndoManager::setActionName(std::string name) {
 }
 
 void UndoManager::registerUndo(Action action) {
-    if (m_work == Work::none) m_redoStack.clear();
+    if (m_work == Work::none) {
+        m_redoStack.clear();
+        if (m_recorded.actions.empty()) m_recorded.state = m_state;
+        m_state = ++m_latestState;
+    }
     m_recorded.actions.push_back(std::move(action));
     if (m_work == Work::none && m_groupingLevel == 0) pushRecorded(m_undoStack);
 }
@@ -45,6 +49,7 @@ void UndoManager::takeBack(Stack& from, Stack& to, Work work) {
     m_running = std::move(from.back());
     from.pop_back();
     m_recorded.name = m_running.name;
+    m_recorded.state = std::exchange(m_state, m_running.state);
     runActions();
     m_work = Work::none;
     pushRecorded(to);
@@ -65,6 +70,7 @@ void UndoManager::removeAllActions() {
     m_recorded = {};
     m_running = {};
     m_groupingLevel = 0;
+    m_state = ++m_latestState;
 }
 
 std::string UndoManager::undoActionName() const {

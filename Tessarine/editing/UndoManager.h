@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -54,6 +55,10 @@ public:
 
     bool canRedo() const { return !m_redoStack.empty(); }
 
+    // Tells the states of what is edited apart: a number comes back with the state that undo or redo bring
+    // back, and no other state has it. Actions that edit beside what they take back are not told.
+    std::int64_t state() const { return m_state; }
+
     // Empty if there is nothing or it has no name.
     std::string undoActionName() const;
     std::string redoActionName() const;
@@ -68,6 +73,7 @@ private:
     struct Group {
         std::string name;
         std::vector<Action> actions;
+        std::int64_t state = 0; // that it leads to
     };
 
     using Stack = std::vector<Group>;
@@ -85,6 +91,8 @@ private:
     Group m_recorded; // where actions go while a group is open or taken back
     Group m_running;  // what is left of the group being taken back
     int m_groupingLevel = 0;
+    std::int64_t m_state = 0;
+    std::int64_t m_latestState = 0; // of all that there have been
     Work m_work = Work::none;
 };
 

@@ -58,6 +58,12 @@ void LineController::setLineFragmentHeightMultiplier(double multiplier) {
     settingsDidChange();
 }
 
+void LineController::setLineBreakMode(LineBreakMode mode) {
+    if (mode == lineBreakMode()) return;
+    m_typesetter.setLineBreakMode(mode);
+    settingsDidChange();
+}
+
 void LineController::setEstimatedLineFragmentHeight(double height) {
     m_textInputProxy.setEstimatedLineFragmentHeight(height);
     m_lineHeight.reset();

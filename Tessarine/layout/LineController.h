@@ -77,6 +77,10 @@ public:
 
     void setLineFragmentHeightMultiplier(double multiplier);
 
+    LineBreakMode lineBreakMode() const { return m_typesetter.lineBreakMode(); }
+
+    void setLineBreakMode(LineBreakMode mode);
+
     // Of a row that has not been made, before it is multiplied.
     double estimatedLineFragmentHeight() const { return m_textInputProxy.estimatedLineFragmentHeight(); }
 

@@ -74,7 +74,8 @@ std::int64_t LineTypesetter::lengthOfFragment() {
     const std::int64_t rest = m_stringLength - m_startOffset;
     const std::int64_t length =
         std::min(m_typesetter->suggestLineBreak(m_startOffset, m_constrainingWidth), rest);
-    return length < rest ? lengthByWords(length) : length;
+    const bool endsWithWord = length < rest && m_lineBreakMode == LineBreakMode::byWordWrapping;
+    return endsWithWord ? lengthByWords(length) : length;
 }
 
 std::int64_t LineTypesetter::lengthByWords(std::int64_t length) const {

@@ -2,6 +2,7 @@
 
 #include "Tessarine/base/Rect.h"
 #include "Tessarine/document/AttributedString.h"
+#include "Tessarine/layout/LineBreakMode.h"
 #include "Tessarine/layout/TextShaper.h"
 #include "Tessarine/layout/TypesetResult.h"
 
@@ -37,6 +38,10 @@ public:
     double lineFragmentHeightMultiplier() const { return m_lineFragmentHeightMultiplier; }
 
     void setLineFragmentHeightMultiplier(double multiplier) { m_lineFragmentHeightMultiplier = multiplier; }
+
+    LineBreakMode lineBreakMode() const { return m_lineBreakMode; }
+
+    void setLineBreakMode(LineBreakMode mode) { m_lineBreakMode = mode; }
 
     // Part of the ids of its rows.
     const NodeIdentity& lineID() const { return m_lineID; }
@@ -106,6 +111,7 @@ private:
     const NodeIdentity m_lineID;
     double m_constrainingWidth = 0;
     double m_lineFragmentHeightMultiplier = 1;
+    LineBreakMode m_lineBreakMode = LineBreakMode::byWordWrapping;
 
     // What is set.
     std::shared_ptr<const AttributedString> m_attributedString;

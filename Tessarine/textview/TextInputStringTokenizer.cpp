@@ -47,24 +47,29 @@ std::optional<TextRange> TextInputStringTokenizer::unitBeside(std::int64_t locat
     return m_stringView->composedRange(inUnit);
 }
 
+std::optional<TextRange> TextInputStringTokenizer::unitOn(std::optional<Side> side,
+                                                          const TextPosition& position,
+                                                          TextGranularity granularity) const {
+    const auto location = locationOf(position);
+    if (!location || !side) return std::nullopt;
+    return unitBeside(*location, *side, granularity);
+}
+
 bool TextInputStringTokenizer::isPositionAtBoundary(const TextPosition& position, TextGranularity granularity,
                                                     TextDirection direction) const {
-    const auto location = locationOf(position);
     const auto side = sideIn(direction);
-    if (!location || !side) return false;
-    const auto unit = unitBeside(*location, *side == Side::behind ? Side::before : Side::behind, granularity);
-    return unit && (*side == Side::behind ? unit->limit() : unit->location) == *location;
+    if (!side) return false;
+    const auto unit = unitOn(side == Side::behind ? Side::before : Side::behind, position, granularity);
+    return unit && (side == Side::behind ? unit->limit() : unit->location) == indexOf(position);
 }
 
 IndexedPositionReference TextInputStringTokenizer::positionToBoundary(const TextPosition& position,
                                                                       TextGranularity granularity,
                                                                       TextDirection direction) const {
-    const auto location = locationOf(position);
     const auto side = sideIn(direction);
-    if (!location || !side) return nullptr;
-    const auto unit = unitBeside(*location, *side, granularity);
+    const auto unit = unitOn(side, position, granularity);
     if (!unit) return nullptr;
-    return std::make_shared<IndexedPosition>(*side == Side::behind ? unit->limit() : unit->location);
+    return std::make_shared<IndexedPosition>(side == Side::behind ? unit->limit() : unit->location);
 }
 
 bool TextInputStringTokenizer::isPositionWithinTextUnit(const TextPosition& position,
@@ -76,12 +81,11 @@ bool TextInputStringTokenizer::isPositionWithinTextUnit(const TextPosition& posi
 IndexedRangeReference TextInputStringTokenizer::rangeEnclosingPosition(const TextPosition& position,
                                                                        TextGranularity granularity,
                                                                        TextDirection direction) const {
-    const auto location = locationOf(position);
     const auto side = sideIn(direction);
-    if (!location || !side) return nullptr;
-    const auto unit = unitBeside(*location, *side, granularity);
+    const auto unit = unitOn(side, position, granularity);
     if (!unit) return nullptr;
-    const bool isInside = *side == Side::behind ? *location < unit->limit() : *location > unit->location;
+    const std::int64_t location = indexOf(position);
+    const bool isInside = side == Side::behind ? location < unit->limit() : location > unit->location;
     return isInside ? std::make_shared<IndexedRange>(*unit) : nullptr;
 }
 

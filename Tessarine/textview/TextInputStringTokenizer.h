@@ -45,6 +45,8 @@ private:
     static std::optional<Side> sideIn(TextDirection direction);
     std::optional<std::int64_t> locationOf(const TextPosition& position) const;
     std::optional<TextRange> unitBeside(std::int64_t location, Side side, TextGranularity granularity) const;
+    std::optional<TextRange> unitOn(std::optional<Side> side, const TextPosition& position,
+                                    TextGranularity granularity) const;
     TextRange lineContent(std::int64_t location) const;
 
     std::shared_ptr<const StringView> m_stringView;

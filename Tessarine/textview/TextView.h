@@ -159,6 +159,10 @@ public:
     void moveSelectedLinesDown();
     void replaceText(const BatchReplaceSet& replacements);
 
+    // For what another program has made of a part of the text: it goes in as it is and unasked for, as an
+    // undo step of its own, and the selection stays with its text.
+    void takeChange(const TextRange& range, std::u16string_view text);
+
     bool canUndo() const { return m_isEditable && m_textInputView->undoManager().canUndo(); }
 
     bool canRedo() const { return m_isEditable && m_textInputView->undoManager().canRedo(); }
@@ -286,6 +290,11 @@ public:
         m_selectionLayout.setSelectionHighlightColor(color);
     }
 
+    // Of the grips at a selection's ends, which are the host's.
+    const Color& selectionBarColor() const { return m_selectionBarColor; }
+
+    void setSelectionBarColor(const Color& color);
+
     bool showLineNumbers() const { return layoutContext().showLineNumbers; }
 
     void setShowLineNumbers(bool showsNumbers);
@@ -325,6 +334,11 @@ public:
     bool isLineWrappingEnabled() const { return layoutContext().isLineWrappingEnabled; }
 
     void setLineWrappingEnabled(bool isEnabled);
+
+    // Tells where lines are broken while they are wrapped.
+    LineBreakMode lineBreakMode() const { return layoutContext().lineBreakMode; }
+
+    void setLineBreakMode(LineBreakMode mode);
 
     const EdgeInsets& textContainerInset() const { return layoutContext().textContainerInset; }
 
@@ -407,6 +421,7 @@ private:
     void updateContentSize(const Size& size);
     void setNeedsSelectionLayout();
     void layoutSelection();
+    std::vector<TextSelectionRect> shownSelectionRects(const TextRange& range) const;
     void layoutPageGuide();
     void scrollToVisible(std::int64_t location);
     Point offsetShowing(const Rect& rect) const;
@@ -455,6 +470,7 @@ private:
     bool m_isCaretShown = true;
     bool m_hasFloatingCursor = false;
     bool m_showPageGuide = false;
+    Color m_selectionBarColor{RGBAColor{}};
     double m_screenScale = 1;
     HighlightedRangeLoopingMode m_highlightedRangeLoopingMode = HighlightedRangeLoopingMode::disabled;
 

@@ -50,6 +50,10 @@ void TextView::replaceText(const BatchReplaceSet& replacements) {
     edit([&](TextInputView& view) { view.replaceText(replacements); });
 }
 
+void TextView::takeChange(const TextRange& range, std::u16string_view text) {
+    edit([&](TextInputView& view) { view.takeChange(range, text); });
+}
+
 void TextView::undo() {
     edit([](TextInputView& view) { view.undoManager().undo(); });
 }

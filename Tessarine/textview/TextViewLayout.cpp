@@ -4,6 +4,7 @@
 #include "Tessarine/textview/TextView.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace tessarine {
@@ -13,6 +14,8 @@ namespace {
 // A pass may find another size of the content, which may move what shows; each of them knows more than the
 // one before.
 constexpr int mostPasses = 4;
+
+constexpr double rounding = 1e-6;
 
 } // namespace
 
@@ -165,12 +168,23 @@ void TextView::setCaretShown(bool isShown) {
 void TextView::layoutSelection() {
     const auto& selection = selectedRange();
     const bool isCaret = selection && selection->length == 0;
-    m_selectionLayout.showSelection(selection && !isCaret ? m_layoutManager->selectionRects(*selection)
+    m_selectionLayout.showSelection(selection && !isCaret ? shownSelectionRects(*selection)
                                                           : std::vector<TextSelectionRect>());
     std::optional<Rect> caret;
     if (isCaret && m_isEditing && m_isCaretShown) caret = m_movement.headRect();
     if (caret) caret->width = SelectionLayout::caretWidth;
     m_selectionLayout.showCaret(caret);
+}
+
+// A selection within one row takes in the caret at its end, which does not show: it would look wider than its
+// text.
+std::vector<TextSelectionRect> TextView::shownSelectionRects(const TextRange& range) const {
+    std::vector<TextSelectionRect> rects = m_layoutManager->selectionRects(range);
+    if (rects.size() != 1) return rects;
+    const Rect caret = m_layoutManager->caretRect(m_textInputView->inText(range).limit());
+    if (std::abs(rects.front().rect.maxX() - caret.maxX()) < rounding)
+        rects.front().rect.width -= caret.width;
+    return rects;
 }
 
 // It goes along with what shows.

@@ -31,6 +31,11 @@ void TextView::showHairlines() {
     m_pageGuideController.guideView()->setScreenScale(m_screenScale);
 }
 
+void TextView::setSelectionBarColor(const Color& color) {
+    m_selectionBarColor = color;
+    setNeedsSelectionLayout();
+}
+
 void TextView::setShowLineNumbers(bool showsNumbers) {
     m_layoutManager->setShowLineNumbers(showsNumbers);
 }
@@ -68,6 +73,10 @@ void TextView::setKern(double kern) {
 
 void TextView::setLineWrappingEnabled(bool isEnabled) {
     m_layoutManager->setLineWrappingEnabled(isEnabled);
+}
+
+void TextView::setLineBreakMode(LineBreakMode mode) {
+    m_layoutManager->setLineBreakMode(mode);
 }
 
 void TextView::setTextContainerInset(const EdgeInsets& inset) {

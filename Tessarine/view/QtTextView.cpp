@@ -55,6 +55,7 @@ std::shared_ptr<TextView> makeTextView() {
     textView->scrollView()->setBackgroundColor(semanticColors::systemBackground);
     textView->setInsertionPointColor(semanticColors::label);
     textView->setSelectionHighlightColor(semanticColors::systemBlue.withAlpha(selectionAlpha));
+    textView->setSelectionBarColor(semanticColors::systemBlue);
     textView->setTextContainerInset(
         {.top = textInset, .left = textInset, .bottom = textInset, .right = textInset});
     textView->setGutterLeadingPadding(gutterPadding);
@@ -101,6 +102,7 @@ public:
     void allTextWasReplaced() override { accessibleEvents.allTextWasReplaced(); }
 
     void showCaret();
+    void showMenu(const QPoint& placeOnScreen);
 
     QtTextView& widget;
     const std::shared_ptr<TextView> textView = makeTextView();
@@ -121,7 +123,9 @@ public:
         *textView,
         scrolling,
         viewport,
-        {.beginEditing = [this] { widget.setFocus(); }, .selected = [this] { clipboard.offerSelection(); }}};
+        {.beginEditing = [this] { widget.setFocus(); },
+         .selected = [this] { clipboard.offerSelection(); },
+         .showMenu = [this](const QPointF& place) { showMenu(viewport.mapToGlobal(place).toPoint()); }}};
     TextInputMethod inputMethod{*textView, viewport};
     AccessibleTextEvents accessibleEvents{*textView, widget};
     WheelNotches zoomNotches;
@@ -147,6 +151,12 @@ void QtTextView::Parts::showCaret() {
     else
         blink.stop();
     widget.updateMicroFocus();
+}
+
+void QtTextView::Parts::showMenu(const QPoint& placeOnScreen) {
+    QMenu* const menu = widget.createContextMenu().release();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(placeOnScreen);
 }
 
 QtTextView::QtTextView(QWidget* parent)
@@ -233,7 +243,9 @@ void QtTextView::changeEvent(QEvent* event) {
 }
 
 void QtTextView::followPalette() {
-    m_parts->viewport.setUserInterfaceStyle(m_parts->style.value_or(styleOf(palette())));
+    const UserInterfaceStyle style = m_parts->style.value_or(styleOf(palette()));
+    m_parts->viewport.setUserInterfaceStyle(style);
+    m_parts->touch.handles().setUserInterfaceStyle(style);
 }
 
 void QtTextView::scrollContentsBy(int dx, int dy) {
@@ -296,11 +308,9 @@ std::unique_ptr<QMenu> QtTextView::createContextMenu() {
 }
 
 void QtTextView::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu* const menu = createContextMenu().release();
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
     const QPoint caret = inputMethodQuery(Qt::ImCursorRectangle).toRect().bottomLeft();
-    menu->popup(isByKey ? mapToGlobal(caret) : event->globalPos());
+    m_parts->showMenu(isByKey ? mapToGlobal(caret) : event->globalPos());
 }
 
 void QtTextView::dragEnterEvent(QDragEnterEvent* event) {

@@ -5,9 +5,9 @@
 #include "Tessarine/editing/tests/FakeTextMeasurer.h"
 #include "Tessarine/editing/tests/FakeTimerScheduler.h"
 #include "Tessarine/editing/tests/LineFault.h"
+#include "Tessarine/editing/tests/MarkedText.h"
 #include "Tessarine/theme/DefaultTheme.h"
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -149,18 +149,12 @@ class EditedText {
 public:
     explicit EditedText(std::u16string marked = u"|", const TreeSitterLanguageMode* languageMode = nullptr,
                         std::shared_ptr<MainExecutor> executor = nullptr) {
-        const auto takeMark = [&marked] {
-            const auto at = marked.find(u'|');
-            if (at != std::u16string::npos) marked.erase(at, 1);
-            return at == std::u16string::npos ? -1 : static_cast<std::int64_t>(at);
-        };
-        const std::int64_t start = takeMark();
-        const std::int64_t end = takeMark();
+        const auto [text, selection] = MarkedText::parse(std::move(marked));
         const auto theme = std::make_shared<DefaultTheme>();
-        view->setState(languageMode ? TextViewState(TextStore(marked), theme, *measurer, *languageMode,
+        view->setState(languageMode ? TextViewState(TextStore(text), theme, *measurer, *languageMode,
                                                     std::move(executor))
-                                    : TextViewState(TextStore(marked), theme, *measurer));
-        if (start >= 0) view->setSelectedRange(TextRange{start, std::max(end, start) - start});
+                                    : TextViewState(TextStore(text), theme, *measurer));
+        if (selection) view->setSelectedRange(selection);
         view->setDelegate(delegate);
         view->setInputDelegate(input);
         calls.clear();
@@ -168,13 +162,7 @@ public:
 
     std::u16string text() const { return view->document().stringView->string(); }
 
-    std::u16string marked() const {
-        std::u16string marked = text();
-        const auto selection = view->selectedRange();
-        if (!selection) return marked;
-        if (selection->length > 0) marked.insert(static_cast<std::size_t>(selection->limit()), 1, u'|');
-        return marked.insert(static_cast<std::size_t>(selection->location), 1, u'|');
-    }
+    std::u16string marked() const { return MarkedText{text(), view->selectedRange()}.drawn(); }
 
     // As the key does it: with nothing selected the unit in front of the caret is.
     void backspace() {

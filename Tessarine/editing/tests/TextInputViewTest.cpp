@@ -296,6 +296,25 @@ TEST(TextInputViewTest, LinesMoveAsOneStepThatTheInputSystemKnowsOf) {
     EXPECT_EQ(text.text(), u"a\nbc\nd");
 }
 
+TEST(TextInputViewTest, WhatIsMarkedGoesAlongWithOtherEdits) {
+    EditedText text(u"abc|");
+    const auto marked = [&] { return text.view->markedRange(); };
+    text.view->setMarkedText(u"mn", {});
+    text.view->replaceCharacters({0, 1}, u"__", std::nullopt, typingActionName);
+    EXPECT_EQ(marked(), (TextRange{4, 2}));
+    text.view->replaceCharacters({6, 0}, u"!", std::nullopt, typingActionName);
+    EXPECT_EQ(marked(), (TextRange{4, 2}));
+    text.view->replaceCharacters({3, 2}, u"", std::nullopt, typingActionName);
+    EXPECT_EQ(marked(), std::nullopt);
+    text.select(0);
+    text.view->setMarkedText(u"mn", {});
+    text.undo();
+    EXPECT_EQ(marked(), std::nullopt);
+    text.view->setMarkedText(u"mn", {});
+    text.view->replaceText({{{{0, 1}, u"x"}}});
+    EXPECT_EQ(marked(), std::nullopt);
+}
+
 TEST(TextInputViewTest, ACharacterInFrontOfTheCaretGoesWholeAndComesBack) {
     EditedText text(u"a\U0001F600|b");
     text.view->deleteInFrontOfCaret();

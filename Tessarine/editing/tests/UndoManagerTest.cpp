@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 using namespace tessarine;
 
 namespace {
@@ -90,6 +92,31 @@ TEST_F(UndoManagerTest, NamesFollowTheirGroups) {
     EXPECT_EQ(manager.redoActionName(), "one");
     manager.redo();
     EXPECT_EQ(manager.undoActionName(), "one");
+}
+
+TEST_F(UndoManagerTest, StatesAreKnownAgain) {
+    const std::int64_t first = manager.state();
+    setInGroup({1, 2}, "");
+    const std::int64_t second = manager.state();
+    manager.beginUndoGrouping();
+    value->set(3);
+    const std::int64_t within = manager.state();
+    value->set(4);
+    manager.endUndoGrouping();
+    const std::int64_t third = manager.state();
+    for (const auto expected : {second, first}) {
+        manager.undo();
+        EXPECT_EQ(manager.state(), expected);
+    }
+    for (const auto expected : {second, third}) {
+        manager.redo();
+        EXPECT_EQ(manager.state(), expected);
+    }
+    manager.undo();
+    value->set(4);
+    const std::int64_t other = manager.state();
+    manager.removeAllActions();
+    EXPECT_EQ(std::set({first, second, within, third, other, manager.state()}).size(), 6U);
 }
 
 TEST_F(UndoManagerTest, ANewActionEndsWhatCouldBeRedone) {

@@ -4,6 +4,7 @@
 #include "Tessarine/base/Rect.h"
 #include "Tessarine/editing/EditedDocument.h"
 #include "Tessarine/layout/InvisibleCharacterConfiguration.h"
+#include "Tessarine/layout/LineBreakMode.h"
 #include "Tessarine/layout/ScrollView.h"
 #include "Tessarine/layout/manager/LineSelectionDisplayType.h"
 #include "Tessarine/theme/DefaultTheme.h"
@@ -26,6 +27,7 @@ struct LayoutContext {
 
     EdgeInsets textContainerInset;
     bool isLineWrappingEnabled = true;
+    LineBreakMode lineBreakMode = LineBreakMode::byWordWrapping;
     double lineHeightMultiplier = 1;
     double kern = 0;
     double tabWidth = 10;

@@ -58,6 +58,7 @@ public:
     void setViewport(const Rect& viewport);
     void setTextContainerInset(const EdgeInsets& inset);
     void setLineWrappingEnabled(bool isEnabled);
+    void setLineBreakMode(LineBreakMode mode);
     void setLineHeightMultiplier(double multiplier);
     void setKern(double kern);
     void setTabWidth(double tabWidth) override;

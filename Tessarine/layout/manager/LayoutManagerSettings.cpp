@@ -69,6 +69,10 @@ void LayoutManager::setLineWrappingEnabled(bool isEnabled) {
     if (change(m_context.isLineWrappingEnabled, isEnabled)) widthsDidChange();
 }
 
+void LayoutManager::setLineBreakMode(LineBreakMode mode) {
+    if (change(m_context.lineBreakMode, mode)) lineSettingsDidChange();
+}
+
 void LayoutManager::setLineHeightMultiplier(double multiplier) {
     if (change(m_context.lineHeightMultiplier, multiplier)) lineSettingsDidChange();
 }

@@ -32,6 +32,7 @@ std::shared_ptr<LineController> LineControllers::makeController(DocumentLineNode
 void LineControllers::applySettings(LineController& controller) const {
     controller.setEstimatedLineFragmentHeight(m_textMeasurer->metrics(m_context.theme->font()).lineHeight());
     controller.setLineFragmentHeightMultiplier(m_context.lineHeightMultiplier);
+    controller.setLineBreakMode(m_context.lineBreakMode);
     controller.setTabWidth(m_context.tabWidth);
     controller.setKern(m_context.kern);
     controller.setTheme(m_context.theme);

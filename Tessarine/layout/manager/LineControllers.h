@@ -37,7 +37,7 @@ public:
 
     std::size_t count() const { return m_lineControllers.size(); }
 
-    // Theme, kern, tab width or multiplier of the context have changed.
+    // Theme, kern, tab width, line breaks or multiplier of the context have changed.
     void settingsDidChange() { ++m_settingsGeneration; }
 
     // The language mode has changed.

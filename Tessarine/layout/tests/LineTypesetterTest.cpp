@@ -52,6 +52,15 @@ TEST_F(LineTypesetterTest, BreaksBehindWords) {
     EXPECT_THAT(rows(u"ab\ncde", 4), ElementsAre(u"ab\ncd", u"e"));
 }
 
+TEST_F(LineTypesetterTest, BreaksWithinWordsWhereThatIsWanted) {
+    typesetter.setLineBreakMode(LineBreakMode::byCharWrapping);
+    EXPECT_THAT(rows(u"one two three", 8), ElementsAre(u"one two ", u"three"));
+    EXPECT_THAT(rows(u"one two three", 6), ElementsAre(u"one tw", u"o thre", u"e"));
+    EXPECT_THAT(rows(u"abc def", 3), ElementsAre(u"abc", u" de", u"f"));
+    typesetter.setLineBreakMode(LineBreakMode::byWordWrapping);
+    EXPECT_THAT(rows(u"one two three", 6), ElementsAre(u"one ", u"two ", u"three"));
+}
+
 TEST_F(LineTypesetterTest, TakesWhatClosesARowAsLongAsItFits) {
     // No room for the unit behind the suggested row; it then begins the next, where nobody looks for it.
     EXPECT_THAT(rows(u"abc def", 3), ElementsAre(u"abc", u" de", u"f"));

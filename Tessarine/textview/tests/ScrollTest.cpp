@@ -171,7 +171,7 @@ TEST(TextViewLayout, CaretAndSelectionAreViews) {
     text.view->endEditing();
     text.view->setSelectedRange(TextRange{1, 2});
     text.view->layoutIfNeeded();
-    EXPECT_THAT(shownSelection(*text.view), testing::ElementsAre(Rect{10, 0, 23, 11}));
+    EXPECT_THAT(shownSelection(*text.view), testing::ElementsAre(Rect{10, 0, 20, 11}));
 }
 
 TEST(TextViewLayout, ThePageGuideStandsBehindItsColumn) {
@@ -198,6 +198,8 @@ TEST(TextViewLayout, TheHostIsAskedForLayoutWhateverChanges) {
         {"text", [&] { view.insertText(u"x"); }},
         {"numbers", [&] { view.setShowLineNumbers(true); }},
         {"wrapping", [&] { view.setLineWrappingEnabled(false); }},
+        {"grips", [&] { view.setSelectionBarColor(Color(RGBAColor::ofHex(0xFF0000))); }},
+        {"breaks", [&] { view.setLineBreakMode(LineBreakMode::byCharWrapping); }},
         {"kern", [&] { view.setKern(1); }},
         {"height", [&] { view.setLineHeightMultiplier(1.5); }},
         {"inset", [&] { view.setTextContainerInset({3, 3, 3, 3}); }},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tessarine/editing/tests/FakeTimerScheduler.h"
+#include "Tessarine/editing/tests/MarkedText.h"
 #include "Tessarine/layout/manager/tests/ReckonedMeasurer.h"
 #include "Tessarine/layout/tests/FixedAdvanceShaper.h"
 #include "Tessarine/syntax/tests/QueuedExecutor.h"
@@ -44,29 +45,17 @@ public:
 class ShownText {
 public:
     explicit ShownText(std::u16string marked = u"|", const Size& size = {.width = 100, .height = 110}) {
-        const auto takeMark = [&marked] {
-            const auto at = marked.find(u'|');
-            if (at != std::u16string::npos) marked.erase(at, 1);
-            return at == std::u16string::npos ? -1 : static_cast<std::int64_t>(at);
-        };
-        const std::int64_t start = takeMark();
-        const std::int64_t end = takeMark();
+        const auto [text, selection] = MarkedText::parse(std::move(marked));
         view->setHost(host);
         view->setSize(size);
-        view->setState(TextViewState(TextStore(marked), std::make_shared<DefaultTheme>(), *measurer));
-        if (start >= 0) view->movement().select(start, std::max(end, start));
+        view->setState(TextViewState(TextStore(text), std::make_shared<DefaultTheme>(), *measurer));
+        if (selection) view->movement().select(selection->location, selection->limit());
         view->layoutIfNeeded();
     }
 
     std::u16string text() const { return view->text(); }
 
-    std::u16string marked() const {
-        std::u16string marked = text();
-        const auto selection = view->selectedRange();
-        if (!selection) return marked;
-        if (selection->length > 0) marked.insert(static_cast<std::size_t>(selection->limit()), 1, u'|');
-        return marked.insert(static_cast<std::size_t>(selection->location), 1, u'|');
-    }
+    std::u16string marked() const { return MarkedText{text(), view->selectedRange()}.drawn(); }
 
     // What the text shows after a movement.
     std::u16string after(CaretMovement movement, SelectionMode mode = SelectionMode::move) {

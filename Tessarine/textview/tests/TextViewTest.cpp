@@ -193,6 +193,21 @@ TEST_F(DelegatedText, ChangesAreAskedForAndTold) {
     EXPECT_GE(text.host->exchanges, 1);
 }
 
+TEST_F(DelegatedText, ChangesOfOthersAreTakenAsTheyAre) {
+    open(u"one two th|ree");
+    view.setLineEndings(LineEnding::crlf);
+    view.takeChange({4, 3}, u"2\n\r");
+    EXPECT_EQ(text.marked(), u"one 2\n\r th|ree");
+    EXPECT_THAT(delegate->taken(), ElementsAre("changed", "selection", "selection"));
+    view.setSelectedRange(TextRange{2, 4});
+    view.takeChange({3, 100}, u"!");
+    EXPECT_EQ(text.marked(), u"on|e!|");
+    view.undo();
+    EXPECT_EQ(text.marked(), u"on|e 2\n|\r three");
+    view.undo();
+    EXPECT_EQ(text.marked(), u"one two th|ree");
+}
+
 TEST_F(DelegatedText, PairsAreAskedFor) {
     open(u"a|");
     view.setCharacterPairs({std::make_shared<Brackets>()});
@@ -269,6 +284,8 @@ TEST_F(DelegatedText, HighlightedRangesAreSteppedThrough) {
     EXPECT_THAT(delegate->taken(), ElementsAre("selection", "to last"));
     EXPECT_TRUE(view.canReplaceTextInHighlightedRange());
     view.replaceTextInHighlightedRange();
+    EXPECT_THAT(delegate->taken(),
+                ElementsAre("can replace", "replace", "should change", "changed", "selection"));
     EXPECT_EQ(text.marked(), u"ab cnew|ef");
     EXPECT_EQ(localizedString(replaceItemTitle), "Replace");
     EXPECT_DEATH(view.selectHighlightedRange(1), "at index 1. There is 1 highlighted range");

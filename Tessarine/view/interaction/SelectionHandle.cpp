@@ -31,6 +31,10 @@ void SelectionHandle::pointAt(const QPointF& tip) {
     move((tip - QPointF(width() / 2.0, 0)).toPoint());
 }
 
+void SelectionHandle::setColor(const QColor& color) {
+    if (std::exchange(m_color, color) != color) QWidget::update();
+}
+
 bool SelectionHandle::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::TouchBegin:
@@ -61,7 +65,7 @@ void SelectionHandle::paintEvent(QPaintEvent* /*event*/) {
     path.setFillRule(Qt::WindingFill);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(path, palette().color(QPalette::Highlight));
+    painter.fillPath(path, m_color);
 }
 
 void SelectionHandle::mousePressEvent(QMouseEvent* event) {

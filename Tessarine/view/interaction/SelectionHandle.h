@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtGui/QColor>
 #include <QtWidgets/QWidget>
 
 #include <functional>
@@ -24,6 +25,8 @@ public:
     // Where the tip, its top centre, is to be.
     void pointAt(const QPointF& tip);
 
+    void setColor(const QColor& color);
+
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -38,6 +41,7 @@ private:
     bool touch(const QTouchEvent& event);
 
     const Actions m_actions;
+    QColor m_color;
     bool m_isDragged = false;
     QPointF m_fromFinger; // to the tip
 };

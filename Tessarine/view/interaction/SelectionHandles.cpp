@@ -37,6 +37,11 @@ void SelectionHandles::hide() {
     update();
 }
 
+void SelectionHandles::setUserInterfaceStyle(UserInterfaceStyle style) {
+    m_style = style;
+    update();
+}
+
 // A grip that is dragged stays with the selection's head, also where that passes the other end.
 void SelectionHandles::update() {
     const auto& selection = m_textView.selectedRange();
@@ -83,6 +88,7 @@ void SelectionHandles::select(const QPointF& place) {
 }
 
 void SelectionHandles::place(SelectionHandle& handle, std::int64_t location) const {
+    handle.setColor(toQt(m_textView.selectionBarColor().resolved(m_style)));
     handle.pointAt(inViewport(m_textView, m_textView.caretRect(location)).bottomLeft());
 }
 

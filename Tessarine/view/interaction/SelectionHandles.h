@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tessarine/base/UserInterfaceStyle.h"
 #include "Tessarine/view/interaction/EdgeScroll.h"
 
 #include <QtCore/QPointF>
@@ -27,7 +28,10 @@ public:
     void show();
     void hide();
 
-    // Selection, text or scrolling have changed.
+    // For which their colour is resolved.
+    void setUserInterfaceStyle(UserInterfaceStyle style);
+
+    // Selection, text, colour or scrolling have changed.
     void update();
 
 private:
@@ -47,6 +51,7 @@ private:
     SelectionHandle& m_limit;
     const std::function<void()> m_selected;
 
+    UserInterfaceStyle m_style = UserInterfaceStyle::Light;
     bool m_isShown = false;
     std::optional<End> m_dragged;
     QPointF m_tip; // of that

@@ -58,6 +58,7 @@ void TouchSelection::begin(const QPointF& place, quint64 time) {
     m_finger = isMoving ? Finger::scrolling : Finger::resting;
     scroller.handleInput(QScroller::InputPress, place, static_cast<qint64>(time));
     if (isMoving || !m_textView.isSelectable()) return;
+    m_tapCount = m_taps.tap(m_viewport.mapToGlobal(place).toPoint(), time);
     m_quickTap.touchesBegan();
     m_longPress.start();
 }
@@ -88,7 +89,12 @@ void TouchSelection::end(const QPointF& place, quint64 time) {
     if (finger == Finger::resting)
         m_quickTap.touchesEnded();
     else if (finger == Finger::selecting)
-        m_actions.selected();
+        finishSelecting(place);
+}
+
+void TouchSelection::finishSelecting(const QPointF& place) {
+    m_actions.selected();
+    m_actions.showMenu(place);
 }
 
 void TouchSelection::cancel() {
@@ -100,16 +106,27 @@ void TouchSelection::cancel() {
 }
 
 void TouchSelection::tap() {
-    m_handles.hide();
-    m_textView.movement().moveTo(locationAt(m_textView, m_pressed), SelectionMode::move);
+    const std::int64_t location = locationAt(m_textView, m_pressed);
+    if (m_tapCount == 1) {
+        m_handles.hide();
+        m_textView.movement().moveTo(location, SelectionMode::move);
+    } else {
+        select(m_tapCount == 2 ? &SelectionMovement::selectWordAt : &SelectionMovement::selectLineAt,
+               location);
+        m_actions.selected();
+    }
     m_actions.beginEditing();
+}
+
+void TouchSelection::select(void (SelectionMovement::*selectUnitAt)(std::int64_t), std::int64_t location) {
+    (m_textView.movement().*selectUnitAt)(location);
+    m_handles.show();
 }
 
 void TouchSelection::pressLong() {
     QScroller::scroller(&m_viewport)->stop();
     m_finger = Finger::selecting;
-    m_textView.movement().selectWordAt(locationAt(m_textView, m_pressed));
-    m_handles.show();
+    select(&SelectionMovement::selectWordAt, locationAt(m_textView, m_pressed));
 }
 
 } // namespace tessarine

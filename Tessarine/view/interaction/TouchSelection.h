@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tessarine/textview/QuickTapGestureRecognizer.h"
+#include "Tessarine/view/interaction/ClickCounter.h"
 #include "Tessarine/view/interaction/EdgeScroll.h"
 #include "Tessarine/view/interaction/SelectionHandles.h"
 
@@ -15,16 +16,19 @@ class QWidget;
 
 namespace tessarine {
 
+class SelectionMovement;
 class TextView;
 class ViewScrolling;
 
-// What a finger does: a tap places the caret, a long press selects a word and goes on by words while it is
-// dragged, anything else scrolls. Several fingers do nothing.
+// What a finger does: a tap places the caret, two select a word and three a line. A long press selects a
+// word, goes on by words while it is dragged, and ends in the menu. Anything else scrolls, and goes on for a
+// while after a flick. Several fingers do nothing.
 class TouchSelection {
 public:
     struct Actions {
-        std::function<void()> beginEditing; // a tap has placed the caret
-        std::function<void()> selected;     // something has been selected
+        std::function<void()> beginEditing;           // a tap has placed the caret
+        std::function<void()> selected;               // something has been selected
+        std::function<void(const QPointF&)> showMenu; // at that place in the viewport
     };
 
     // Borrows all.
@@ -42,8 +46,10 @@ private:
     void move(const QPointF& place, quint64 time);
     void end(const QPointF& place, quint64 time);
     void cancel();
+    void finishSelecting(const QPointF& place);
     void tap();
     void pressLong();
+    void select(void (SelectionMovement::*selectUnitAt)(std::int64_t), std::int64_t location);
 
     TextView& m_textView;
     ViewScrolling& m_scrolling;
@@ -52,6 +58,8 @@ private:
 
     SelectionHandles m_handles;
     QuickTapGestureRecognizer m_quickTap;
+    ClickCounter m_taps;
+    int m_tapCount = 0; // with the one that may come now
     QTimer m_longPress;
     EdgeScroll m_edgeScroll;
     Finger m_finger = Finger::none;

@@ -158,7 +158,9 @@ void FindSession::textDidChange() {
 }
 
 void FindSession::selectionDidChange() {
-    if (!m_bar.isHidden() && m_query && !m_isSearching && !m_changeTimer.isActive()) showCount();
+    if (m_bar.isHidden() || !m_query || m_isSearching || m_changeTimer.isActive()) return;
+    showCount();
+    if (m_found.matches.indexOf(selection()) != m_selected) highlight();
 }
 
 void FindSession::showCount() {
@@ -190,15 +192,18 @@ TextRange FindSession::visibleRange() const {
     return {first, std::max(first, limit) - first};
 }
 
+// The selected match shows by the selection alone: the two colours on top of each other are neither.
 void FindSession::highlight() {
     const TextRange visible = visibleRange();
     const std::int64_t first = std::max<std::int64_t>(0, visible.location - highlightMargin);
     const std::int64_t limit =
         std::min(m_view.document().stringView->length(), visible.limit() + highlightMargin);
     m_highlighted = {first, limit - first};
+    m_selected = m_found.matches.indexOf(selection());
     HighlightNavigationController::Ranges ranges;
     for (const TextRange& range : m_found.matches.within(m_highlighted)) {
         if (ranges.size() == highlightLimit) break;
+        if (range == selection()) continue;
         ranges.push_back(std::make_shared<const HighlightedRange>(HighlightedRange{
             .range = range, .color = m_highlightColor, .cornerRadius = highlightCornerRadius}));
     }

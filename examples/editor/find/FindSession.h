@@ -69,6 +69,7 @@ private:
     Step m_stepWhenFound = Step::none;
     std::int64_t m_searchStart = 0; // where the caret was when the bar opened: typing goes on from there
     TextRange m_highlighted;        // the stretch whose matches are lit
+    std::optional<std::size_t> m_selected; // the match that is not lit
 
     QTimer m_changeTimer; // some keystrokes make one search
     BackgroundSearch m_search;

@@ -54,7 +54,8 @@ bool drawTheme(const ThemeName& theme, const QString& folder, const QStringList&
             isDrawn;
     }
     TextView& text = window.currentPage()->textView();
-    text.movement().selectWordAt(text.document().stringView->length() / 4);
+    const auto word = text.text().find(u"the ");
+    text.movement().selectWordAt(static_cast<std::int64_t>(word));
     services.settings.setViewOptions({theme.id, 2, true, true, true, true});
     window.currentPage()->find().open(true);
     return grab(window, QStringLiteral("%1/%2-find.png").arg(folder, theme.id)) && isDrawn;

@@ -39,6 +39,29 @@ TEST_F(ExternalChangeTest, AnUnmodifiedTextFollowsAndKeepsCaretAndPlace) {
     EXPECT_FALSE(page().notice().isVisible());
 }
 
+TEST_F(ExternalChangeTest, TakingOverAChangeCanBeUndone) {
+    open(m_name, "one\r\ntwo\nthree\n");
+    type(QStringLiteral("x"));
+    saveAndWait();
+    page().setLanguage(Language::Python);
+    page().setIndentStrategy(IndentStrategy::tab(8));
+    view().setSelectedRange(TextRange{10, 3});
+    changeElsewhere("0\nxone\r\ntwo\rthree\n");
+    ASSERT_TRUE(waitForText(QStringLiteral("0\nxone\r\ntwo\rthree\n")));
+    EXPECT_FALSE(page().file().isModified());
+    EXPECT_EQ(view().selectedRange(), (TextRange{12, 3}));
+    EXPECT_EQ(page().language(), Language::Python);
+    EXPECT_EQ(view().indentStrategy(), IndentStrategy::tab(8));
+    view().undo();
+    EXPECT_EQ(text(), QStringLiteral("xone\r\ntwo\nthree\n"));
+    EXPECT_TRUE(page().file().isModified());
+    view().undo();
+    EXPECT_EQ(text(), QStringLiteral("one\r\ntwo\nthree\n"));
+    view().redo();
+    view().redo();
+    EXPECT_FALSE(page().file().isModified());
+}
+
 TEST_F(ExternalChangeTest, TheSystemTellsOfAChange) {
     open(m_name, "text");
     m_folder.write(m_name, "other text");
@@ -64,6 +87,8 @@ TEST_F(ExternalChangeTest, AModifiedTextCanBeGivenUp) {
     ASSERT_TRUE(click(page().notice(), QStringLiteral("Reload and discard mine")));
     EXPECT_TRUE(waitForText(QStringLiteral("theirs")));
     EXPECT_FALSE(page().file().isModified());
+    view().undo();
+    EXPECT_EQ(text(), QStringLiteral("xtext")) << "a slip of the hand loses nothing";
 }
 
 TEST_F(ExternalChangeTest, ASaveOverAnothersChangeAsks) {

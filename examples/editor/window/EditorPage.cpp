@@ -9,10 +9,13 @@
 #include "examples/editor/window/LineEndings.h"
 #include "examples/editor/window/NoticeBar.h"
 #include "examples/editor/window/OpenDocument.h"
+#include "examples/editor/window/TakeChange.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
+
+#include <utility>
 
 namespace tessarine::editor {
 
@@ -45,7 +48,11 @@ EditorPage::EditorPage(EditorServices& services, const EditorLook& look)
     , m_notice(new NoticeBar(this))
     , m_findBar(new FindBar(this))
     , m_goToLineBar(new GoToLineBar(this))
-    , m_file(services, [this] { return textView().document().stringView->snapshot(); })
+    , m_file(services,
+             [this] {
+                 const TextView& text = textView();
+                 return PageContents{text.document().stringView->snapshot(), text.undoManager().state()};
+             })
     , m_find(std::make_unique<FindSession>(textView(), *m_findBar, services.mainExecutor))
     , m_delegate(std::make_shared<Delegate>(*this)) {
     makeLayout();
@@ -75,6 +82,7 @@ void EditorPage::makeLayout() {
     column->addWidget(m_findBar);
     column->addWidget(m_goToLineBar);
     m_view->setFrameShape(QFrame::NoFrame);
+    m_view->setAccessibleName(m_file.name());
     setFocusProxy(m_view);
 }
 
@@ -83,10 +91,12 @@ void EditorPage::connectFile() {
         // What is typed before the file is there would be lost.
         const bool isWaiting = m_file.isLoading() && m_file.path().isEmpty();
         textView().setEditable(!isWaiting && !m_file.isMalformed());
+        m_view->setAccessibleName(m_file.name());
         Q_EMIT stateChanged();
     });
     connect(&m_file, &PageFile::opened, this, &EditorPage::show);
     connect(&m_file, &PageFile::renamed, this, [this] {
+        m_isOfFile = true;
         // What somebody chose stays.
         if (!m_language) setLanguage(languageOf(m_file.path(), textView().document().stringView->snapshot()));
     });
@@ -119,12 +129,12 @@ bool EditorPage::isUnused() const {
     return m_file.path().isEmpty() && !m_file.isModified() && !m_file.isLoading() && !textView().canUndo();
 }
 
-// A text that has not changed keeps what can be undone.
 void EditorPage::show(const OpenedDocument& document) {
-    const TextSnapshot& read = document.state->document().stringView->snapshot();
-    const bool isSame = m_isShown && read == textView().document().stringView->snapshot();
-    m_isShown = true;
-    if (!isSame) showRead(document);
+    const bool isReadAnew = std::exchange(m_isOfFile, true);
+    if (isReadAnew && textView().isEditable())
+        takeChange(textView(), document.state->document().stringView->snapshot());
+    else
+        showRead(document);
     if (document.isMalformed)
         m_notice->show(
             tr("This file is not valid %1. It is shown as far as it can be read, and cannot be edited.")
@@ -134,19 +144,15 @@ void EditorPage::show(const OpenedDocument& document) {
         m_notice->hide();
 }
 
-// The caret and what is in view stay where they are, as far as there is a text.
 void EditorPage::showRead(const OpenedDocument& document) {
     TextView& text = textView();
-    const auto selection = text.selectedRange();
-    const Point offset = text.scrollView()->contentOffset();
+    const TextRange selection = text.selectedRange().value_or(TextRange());
     m_language = document.language;
     text.setState(*document.state);
     text.setIndentStrategy(editor::indentStrategy(document.state->detectedIndentStrategy()));
     text.setLineEndings(document.state->detectedLineEndings().value_or(text.lineEndings()));
     applyLook(m_look); // the state has the theme of when it was asked for
-    text.setSelectedRange(selection.value_or(TextRange()));
-    text.layoutIfNeeded();
-    text.setContentOffset(offset);
+    text.setSelectedRange(selection);
     m_find->textDidChange();
     if (m_language && !document.isParsed) parseLongText();
 }
@@ -227,6 +233,7 @@ void EditorPage::applyLook(const EditorLook& look) {
     text.setTheme(look.theme);
     text.scrollView()->setBackgroundColor(look.backgroundColor);
     text.setSelectionHighlightColor(look.selectionColor);
+    text.setSelectionBarColor(look.selectionColor.withAlpha(1));
     text.setInsertionPointColor(look.theme->textColor());
     text.setShowLineNumbers(options.showLineNumbers);
     text.setLineSelectionDisplayType(LineSelectionDisplayType::line);

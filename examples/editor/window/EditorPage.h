@@ -92,7 +92,7 @@ private:
 
     PageFile m_file;
     std::optional<Language> m_language;
-    bool m_isShown = false; // a file, at least once
+    bool m_isOfFile = false; // what shows, or was
     std::unique_ptr<FindSession> m_find;
     std::shared_ptr<Delegate> m_delegate;
 };

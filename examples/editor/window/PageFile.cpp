@@ -8,9 +8,10 @@
 
 namespace tessarine::editor {
 
-PageFile::PageFile(EditorServices& services, std::function<TextSnapshot()> text)
+PageFile::PageFile(EditorServices& services, std::function<PageContents()> contents)
     : m_services(services)
-    , m_text(std::move(text)) {
+    , m_contents(std::move(contents))
+    , m_savedState(m_contents().state) {
     connect(&m_watch, &FileWatch::changed, this, &PageFile::lookAtDisk);
 }
 
@@ -64,8 +65,8 @@ void PageFile::take(const QString& path, const OpenedDocument& document) {
     m_format = document.format;
     m_identity = document.identity;
     m_isMalformed = document.isMalformed;
-    m_savedText = document.state->document().stringView->snapshot();
     Q_EMIT opened(document);
+    m_savedState = m_contents().state;
     textDidChange();
     m_watch.watch(path, m_identity);
     m_watch.check(); // it may have changed since it was read
@@ -79,7 +80,7 @@ void PageFile::takeNewFile(const QString& path) {
 
 void PageFile::keepText() {
     m_identity = fileIdentity(m_path);
-    m_savedText.reset();
+    m_savedState.reset();
     m_watch.watch(m_path, m_identity);
     textDidChange();
 }
@@ -93,21 +94,25 @@ void PageFile::save(const Destination& destination, const SaveCompletion& comple
 
 void PageFile::startSave(const Destination& destination, const SaveCompletion& completion) {
     m_isSaving = true;
-    const SaveRequest request{destination.path, m_text(), destination.format,
+    const auto [text, state] = m_contents();
+    const SaveRequest request{destination.path, text, destination.format,
                               destination.path == m_path ? m_identity : std::nullopt, destination.overwrite};
     m_services.fileWork.start(
         this, [request] { return saveFile(request); },
-        [this, request, completion](const auto& saved) { finishSave(request, saved, completion); });
+        [this, request, state, completion](const auto& saved) {
+            finishSave(request, state, saved, completion);
+        });
 }
 
-void PageFile::finishSave(const SaveRequest& request, const std::expected<FileIdentity, SaveError>& saved,
+void PageFile::finishSave(const SaveRequest& request, std::int64_t state,
+                          const std::expected<FileIdentity, SaveError>& saved,
                           const SaveCompletion& completion) {
     m_isSaving = false;
     if (saved) {
         const bool isRenamed = std::exchange(m_path, request.path) != request.path;
         m_format = request.format;
         m_identity = *saved;
-        m_savedText = request.text;
+        m_savedState = state;
         m_watch.watch(m_path, m_identity);
         textDidChange();
         if (isRenamed) Q_EMIT renamed();
@@ -131,13 +136,13 @@ void PageFile::lookAtDisk() {
         return;
     }
     m_identity.reset();
-    m_savedText.reset();
+    m_savedState.reset();
     textDidChange();
     Q_EMIT removedFromDisk();
 }
 
 void PageFile::textDidChange() {
-    setModified(!m_savedText || *m_savedText != m_text());
+    setModified(m_savedState != m_contents().state);
 }
 
 void PageFile::setModified(bool isModified) {

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "Tessarine/document/TextSnapshot.h"
 #include "Tessarine/theme/Theme.h"
 #include "examples/editor/files/FileWatch.h"
 #include "examples/editor/files/LoadFile.h"
 #include "examples/editor/files/SaveFile.h"
 #include "examples/editor/window/EditorServices.h"
+#include "examples/editor/window/PageContents.h"
 
 #include <QtCore/QObject>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -32,8 +33,8 @@ public:
         SaveRequest::Overwrite overwrite = SaveRequest::Overwrite::known;
     };
 
-    // The text is asked for when it is saved. Services are borrowed.
-    PageFile(EditorServices& services, std::function<TextSnapshot()> text);
+    // They are asked for when they are saved or have changed. Services are borrowed.
+    PageFile(EditorServices& services, std::function<PageContents()> contents);
 
     // Empty for a page that was never saved.
     const QString& path() const { return m_path; }
@@ -96,18 +97,18 @@ private:
     void take(const QString& path, const OpenedDocument& document);
     void takeNewFile(const QString& path);
     void startSave(const Destination& destination, const SaveCompletion& completion);
-    void finishSave(const SaveRequest& request, const std::expected<FileIdentity, SaveError>& saved,
-                    const SaveCompletion& completion);
+    void finishSave(const SaveRequest& request, std::int64_t state,
+                    const std::expected<FileIdentity, SaveError>& saved, const SaveCompletion& completion);
     void lookAtDisk();
     void setModified(bool isModified);
 
     EditorServices& m_services;
-    const std::function<TextSnapshot()> m_text;
+    const std::function<PageContents()> m_contents;
 
     QString m_path;
     FileFormat m_format;
     std::optional<FileIdentity> m_identity;
-    std::optional<TextSnapshot> m_savedText = TextSnapshot(); // nothing where no file has it any more
+    std::optional<std::int64_t> m_savedState; // nothing where no file has the text any more
     bool m_isModified = false;
     bool m_isMalformed = false;
 

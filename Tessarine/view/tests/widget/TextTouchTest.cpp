@@ -2,6 +2,7 @@
 #include "Tessarine/view/tests/widget/ShownTextView.h"
 
 #include <QtGui/QPointingDevice>
+#include <QtWidgets/QApplication>
 
 using namespace tessarine;
 
@@ -36,6 +37,27 @@ TEST_F(TextTouchTest, ATapPlacesTheCaret) {
     EXPECT_EQ(ends(), Ends(5, 5));
 }
 
+TEST_F(TextTouchTest, TwoTapsSelectAWordAndThreeALine) {
+    show(u"one two\nthree");
+    const auto tap = [&] {
+        press(placeOf(5));
+        release(placeOf(5));
+        settle();
+    };
+    tap();
+    tap();
+    EXPECT_EQ(ends(), Ends(4, 7));
+    EXPECT_EQ(shownHandles().size(), 2);
+    tap();
+    EXPECT_EQ(ends(), Ends(0, 8));
+    tap();
+    EXPECT_EQ(ends(), Ends(5, 5));
+    EXPECT_TRUE(shownHandles().isEmpty());
+    press(placeOf(10));
+    release(placeOf(10));
+    EXPECT_EQ(ends(), Ends(10, 10)) << "of another place";
+}
+
 TEST_F(TextTouchTest, ASwipeScrolls) {
     showRows(200);
     const Ends before = ends();
@@ -61,7 +83,12 @@ TEST_F(TextTouchTest, ALongPressSelectsAWordAndShowsGrips) {
     EXPECT_EQ(shownHandles().size(), 2);
     move(placeOf(10));
     EXPECT_EQ(ends(), Ends(4, 13));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     release(placeOf(10));
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr) << "the menu";
+    QApplication::activePopupWidget()->close();
+    settle();
+    EXPECT_EQ(shownHandles().size(), 2);
     ShownTextView::press(Qt::Key_Right);
     EXPECT_TRUE(shownHandles().isEmpty());
 }
@@ -70,6 +97,7 @@ TEST_F(TextTouchTest, GripsAreDraggedPastEachOther) {
     show(u"one two three");
     pressLong(5);
     release(placeOf(5));
+    QApplication::activePopupWidget()->close();
     SelectionHandle* const handle = shownHandles().back();
     const QPoint grip(handle->width() / 2, handle->height() / 2);
     const auto dragTo = [&](std::int64_t location) {
