@@ -1,5 +1,6 @@
 #include "Tessarine/view/QtViewWidget.h"
 
+#include "Tessarine/view/QtConversions.h"
 #include "Tessarine/view/QtViewHost.h"
 #include "Tessarine/view/ViewPainter.h"
 
@@ -39,8 +40,23 @@ void QtViewWidget::paintEvent(QPaintEvent* event) {
     m_host->setPaintedRegion(event->region());
     layoutViews(*m_root);
     QPainter painter(this);
+    updateOpacity(painter, event->region());
     ViewPainter(painter, event->region(), m_pictures, m_style).paint(*m_root);
     m_host->setPaintedRegion({});
+}
+
+// What the views cover the toolkit need not fill before.
+void QtViewWidget::updateOpacity(QPainter& painter, const QRegion& region) {
+    const auto& background = m_root->backgroundColor();
+    const bool isOpaque =
+        background && m_root->cornerRadius() <= 0 && toQt(background->resolved(m_style)).alpha() == 255;
+    if (isOpaque == testAttribute(Qt::WA_OpaquePaintEvent)) return;
+    setAttribute(Qt::WA_OpaquePaintEvent, isOpaque);
+    if (isOpaque) return;
+    // This time it has not been filled.
+    for (const QRect& rect : region)
+        painter.fillRect(rect, palette().window());
+    update();
 }
 
 void QtViewWidget::resizeEvent(QResizeEvent* /*event*/) {

@@ -34,6 +34,7 @@ protected:
 
 private:
     void fitRootView();
+    void updateOpacity(QPainter& painter, const QRegion& region);
 
     const std::shared_ptr<QtViewHost> m_host;
     std::shared_ptr<View> m_root;

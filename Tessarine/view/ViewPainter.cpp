@@ -60,9 +60,9 @@ void ViewPainter::paint(View& view, const QPointF& origin) {
         paintBackground(view, area);
         paintContent(view, area);
     }
-    if (view.subviews().empty()) return;
+    if (!scrolls(view)) return paintSubviews(view, origin);
     m_painter.save();
-    if (scrolls(view)) m_painter.setClipRect(area, Qt::IntersectClip);
+    m_painter.setClipRect(area, Qt::IntersectClip);
     paintSubviews(view, origin);
     m_painter.restore();
 }

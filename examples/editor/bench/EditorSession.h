@@ -31,9 +31,9 @@ public:
     virtual qint64 length() = 0;
 };
 
-// Opens, types, scrolls, jumps and quits by real events, each followed by painting the whole window, and
-// prints "key|median|p99" in milliseconds; memory in multiples of the file's size. What is on one line is
-// typed into only.
+// Opens, types, scrolls, jumps and quits by real events, and prints "key|median|p99" in milliseconds: until
+// what an event changes is painted, and, with "Whole", until the whole window has been painted behind that.
+// Memory is in multiples of the file's size. What is on one line is typed into only.
 int runEditorSession(std::unique_ptr<SessionEditor> editor, const QString& path);
 
 } // namespace tessarine

@@ -23,12 +23,18 @@ struct Row {
 
 constexpr Row rows[] = {
     {"open to first picture (ms)", "open"},
-    {"key to picture (ms)", "key"},
+    {"key to changes (ms)", "key"},
+    {"  and the whole window (ms)", "keyWhole"},
     {"  and the loop behind it (ms)", "loopAfterKey"},
-    {"Return to picture (ms)", "return"},
+    {"Return to changes (ms)", "return"},
+    {"  and the whole window (ms)", "returnWhole"},
     {"  and the loop behind it (ms)", "loopAfterReturn"},
-    {"wheel, 3 lines, to picture (ms)", "scroll"},
-    {"jump to picture (ms)", "jump"},
+    {"key far to the right, to changes (ms)", "endKey"},
+    {"  and the whole window (ms)", "endKeyWhole"},
+    {"wheel, 3 lines, to changes (ms)", "scroll"},
+    {"  and the whole window (ms)", "scrollWhole"},
+    {"jump to changes (ms)", "jump"},
+    {"  and the whole window (ms)", "jumpWhole"},
     {"memory when open (times the file)", "memory"},
     {"quit (ms)", "quit"},
 };

@@ -169,7 +169,7 @@ void EditorWindow::showTitle() {
     if (!page) return;
     const QString title = tr("%1[*] – Tessarine Editor").arg(page->file().name());
     if (title != windowTitle()) setWindowTitle(title);
-    setWindowModified(page->file().isModified());
+    if (page->file().isModified() != isWindowModified()) setWindowModified(page->file().isModified());
 }
 
 void EditorWindow::followSettings() {

@@ -65,12 +65,19 @@ QToolButton* StatusLine::addButton(const QString& name, QMenu* menu) {
     return button;
 }
 
+// Of a fixed size, so that the line is not laid out anew at each step of the caret; it grows with the text.
+void StatusLine::showPlace(const EditorPage& page) {
+    m_place->setText(placeOf(page));
+    const QSize wanted = m_place->sizeHint().expandedTo(m_place->minimumSize());
+    if (wanted != m_place->minimumSize()) m_place->setFixedSize(wanted);
+}
+
 void StatusLine::showPage() {
     EditorPage* const page = m_window.currentPage();
     if (!page) return;
     const TextView& view = page->textView();
     m_message->setText(messageOf(*page));
-    m_place->setText(placeOf(*page));
+    showPlace(*page);
     m_indentation->setText(displayName(view.indentStrategy()));
     m_lineEnding->setText(displayName(view.lineEndings()));
     m_encoding->setText(displayName(page->file().format()));

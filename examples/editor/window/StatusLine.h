@@ -9,6 +9,8 @@ class QToolButton;
 
 namespace tessarine::editor {
 
+class EditorPage;
+
 // What the page in front is like: where its caret is, how it is written, in which language.
 class StatusLine : public QStatusBar {
 public:
@@ -17,6 +19,7 @@ public:
 private:
     QToolButton* addButton(const QString& name, QMenu* menu);
     void showPage();
+    void showPlace(const EditorPage& page);
 
     EditorWindow& m_window;
     QLabel* m_message;
