@@ -33,11 +33,9 @@ function(quillet_library name)
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE quillet_warnings)
 endfunction()
 
-# Suites without windows, and without a toolkit, are `unit_suites`: the whole run has them with sanitizers and not once more
-# without, so they are no part of `all`.
+# Suites without windows, for a run of them alone with sanitizers.
 add_custom_target(unit_suites)
 function(unit_suite suite)
-  set_target_properties(${suite}_tests PROPERTIES EXCLUDE_FROM_ALL ON)
   add_dependencies(unit_suites ${suite}_tests)
 endfunction()
 
