@@ -88,8 +88,6 @@ private:
         m_text.layout().setLineHeightMultiplier(1 + 0.25 * static_cast<double>(m_random.below(4)));
         m_text.layout().setKern(static_cast<double>(m_random.below(3)));
         m_text.layout().setLineWrappingEnabled(m_random.below(4) > 0);
-        m_text.layout().setLineBreakMode(m_random.below(2) == 0 ? LineBreakMode::byWordWrapping
-                                                                : LineBreakMode::byCharWrapping);
         m_text.layout().layoutIfNeeded();
         return m_text.fault();
     }
