@@ -10,7 +10,7 @@ QString service() {
     return QString::fromLatin1(desktopName);
 }
 
-// The name with slashes, as the specification says.
+// The name with slashes: where a desktop looks for a program that has this name on the bus.
 QString path() {
     return QLatin1Char('/') + service().replace(QLatin1Char('.'), QLatin1Char('/'));
 }
